@@ -1,0 +1,62 @@
+# A layer is a target. Its public headers lie in <layer>/api and are all that the
+# layers above and the module can include; its own headers lie beside the sources
+# and are seen by those who link the <layer>_internal target. Linking a layer is
+# the only way to its headers, so an upward include does not compile.
+
+add_library(korvant_warnings INTERFACE)
+target_compile_options(korvant_warnings INTERFACE -Wall -Wextra -Wconversion -Werror)
+
+if(KORVANT_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(KORVANT_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# korvant_host_layer(NAME [USES layer...] [INTERNALS layer...] [LIBS lib...])
+function(korvant_host_layer name)
+  cmake_parse_arguments(ARG "" "" "USES;INTERNALS;LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*/*.cpp)
+  if(NOT sources)
+    message(FATAL_ERROR "The layer ${name} has no sources")
+  endif()
+  add_library(host_${name} SHARED ${sources})
+  target_include_directories(host_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/api PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  foreach(used ${ARG_USES})
+    target_link_libraries(host_${name} PUBLIC host_${used})
+  endforeach()
+  foreach(used ${ARG_INTERNALS})
+    target_link_libraries(host_${name} PRIVATE host_${used}_internal)
+  endforeach()
+  target_link_libraries(host_${name} PRIVATE korvant_warnings ${ARG_LIBS})
+  add_library(host_${name}_internal INTERFACE)
+  target_include_directories(host_${name}_internal INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(host_${name}_internal INTERFACE host_${name})
+endfunction()
+
+# korvant_module_part(NAME [USES part...] [HOST layer...]): one folder of the module.
+function(korvant_module_part name)
+  cmake_parse_arguments(ARG "" "" "USES;HOST" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_library(module_${name} STATIC ${sources})
+  target_include_directories(module_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  foreach(used ${ARG_USES})
+    target_link_libraries(module_${name} PUBLIC module_${used})
+  endforeach()
+  foreach(used ${ARG_HOST})
+    target_link_libraries(module_${name} PUBLIC host_${used})
+  endforeach()
+  target_link_libraries(module_${name} PRIVATE korvant_warnings)
+endfunction()
+
+# korvant_test(NAME LIBS lib...): one GoogleTest program of the sources beside the call.
+function(korvant_test name)
+  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE korvant_warnings ${ARG_LIBS} test_support GTest::gtest)
+  target_compile_definitions(${name} PRIVATE KORVANT_SOURCE_DIR="${CMAKE_SOURCE_DIR}" KORVANT_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST WORKING_DIRECTORY ${CMAKE_BINARY_DIR} PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,21 @@
+// main() of the test programs: fails a test that leaves a database object open.
+#include "AcDbObject.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+class NothingStaysOpen : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { mBefore = acdbOpenObjectCount(); }
+    void OnTestEnd(const testing::TestInfo&) override {
+        if (acdbOpenObjectCount() != mBefore)
+            ADD_FAILURE() << acdbOpenObjectCount() - mBefore << " database object(s) left open";
+    }
+    int mBefore = 0;
+};
+} // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new NothingStaysOpen);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,9 @@
+// What every test program shares: temporary folders and the check that no object stays open.
+#pragma once
+
+#include <string>
+
+// A fresh folder of its own for the running test, removed when the program ends. Host path.
+std::wstring testTempDir();
+// The same as a file-system path.
+std::string testTempPath();
