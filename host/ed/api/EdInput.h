@@ -1,0 +1,31 @@
+// The one object that everything asks when it needs the user: prompts, jigs, selections, dialogs,
+// message boxes and file dialogs. The console answers with the next script line, the desktop
+// with an event loop. Host only; modules use the aced functions.
+#pragma once
+
+#include "AcGe.h"
+
+#include <optional>
+#include <string>
+
+class EdInput {
+public:
+    virtual ~EdInput() = default;
+    // The next line for a prompt (already shown on the command line). Nothing: the input has ended or
+    // was broken off, which cancels what asks.
+    virtual std::optional<std::wstring> nextLine(const std::wstring& prompt) = 0;
+    // The next line for an open dialog or message box: one that begins with "@". Nothing when the next
+    // line does not begin with it or there is none: the dialog is then cancelled and the line refused.
+    virtual std::optional<std::wstring> nextDialogLine() = 0;
+    // Tells that a line could not be taken, with the reason; the run stops after the current command unwinds.
+    virtual void refuse(const std::wstring& reason) = 0;
+    // A point the cursor rests on while a jig drags; the console has none.
+    virtual std::optional<AcGePoint3d> cursor() { return std::nullopt; }
+    // True when the user asked to break off (Ctrl-C) since the last call.
+    virtual bool breakRequested() { return false; }
+};
+// The input in force. edPushInput lets a nested command take its answers from elsewhere; the
+// pushed input is not owned.
+EdInput* edInput();
+void edPushInput(EdInput* input);
+void edPopInput();
