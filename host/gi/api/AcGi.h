@@ -70,12 +70,15 @@ public:
     // majorAxis carries the long radius; parameters in radians.
     virtual bool ellipticalArc(const AcGePoint3d& center, const AcGeVector3d& normal, const AcGeVector3d& majorAxis,
                                double radiusRatio, double startParam, double endParam) = 0;
-    // A band of that width about each segment (lightweight polylines with width), filled.
+    // One area of several rings, filled whatever the fill type; points and holes by the even-odd rule.
     virtual bool filledLoops(const AcGiFillLoops& loops) = 0;
-    // position: start of the base line; direction: base line; height of capitals in units.
+    // position: start of the base line; direction: base line; style.height: capitals in units.
+    // Control codes in the text are expanded.
     virtual bool text(const AcGePoint3d& position, const AcGeVector3d& normal, const AcGeVector3d& direction,
                       const ACHAR* text, const AcGiTextStyle& style) = 0;
-    // Draws another drawable in place; a block definition under the pushed transform.
+    // Draws another drawable in place, beginning with its own traits; a block definition under the
+    // pushed transform, whose by-block parts take the traits set now. A drawable that is being drawn
+    // already is left out, so that a block that holds itself ends.
     virtual bool draw(AcGiDrawable* drawable) = 0;
     virtual bool pushModelTransform(const AcGeMatrix3d& matrix) = 0;
     virtual bool popModelTransform() = 0;
@@ -104,10 +107,16 @@ public:
 
 class AcGiDrawable : public AcRxObject {
 public:
+    // What setAttributes answers. An invisible drawable is not drawn at all.
+    enum SetAttributesFlags : Adesk::UInt32 { kDrawableNone = 0, kDrawableIsAnEntity = 1, kDrawableIsInvisible = 16 };
     ACRX_DECLARE_MEMBERS(AcGiDrawable);
     // Draws; true when all was drawn. subWorldDraw is what a class overrides.
     bool worldDraw(AcGiWorldDraw* worldDraw) { return subWorldDraw(worldDraw); }
     void viewportDraw(AcGiViewportDraw* viewportDraw) { subViewportDraw(viewportDraw); }
+    // Sets the traits with which the picture begins (an entity: its own properties) and tells
+    // what kind of drawable this is. AcGiGeometry::draw calls it before worldDraw and restores the
+    // traits afterwards; a direct worldDraw keeps the caller's traits.
+    Adesk::UInt32 setAttributes(AcGiSubEntityTraits* traits) { return subSetAttributes(traits); }
     // The id of a drawable that stands in a database; null for others. A receiver may keep
     // the picture of a resident drawable for the length of one regeneration.
     virtual AcDbObjectId id() const { return AcDbObjectId::kNull; }
@@ -119,4 +128,5 @@ public:
 protected:
     virtual bool subWorldDraw(AcGiWorldDraw*) { return true; }
     virtual void subViewportDraw(AcGiViewportDraw*) {}
+    virtual Adesk::UInt32 subSetAttributes(AcGiSubEntityTraits*) { return kDrawableNone; }
 };

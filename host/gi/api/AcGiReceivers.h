@@ -5,6 +5,7 @@
 #pragma once
 
 #include "AcGi.h"
+#include "GiPoints.h"
 
 #include <functional>
 #include <memory>
@@ -23,32 +24,46 @@ struct GiTraits {
     AcGiFillType fill = kAcGiFillNever;
 };
 
-struct GiPolyline { std::vector<AcGePoint3d> points; };
-struct GiPolygon { std::vector<AcGePoint3d> points; };
+struct GiPolyline { GiPoints points; };
+struct GiPolygon { GiPoints points; };
 struct GiArc { // circle, arc or elliptic arc: centre + major*cos(t) + minor*sin(t)
     AcGePoint3d center;
     AcGeVector3d major, minor;
     double start = 0.0, end = kTwoPi; // radians, end > start; a full turn is closed
     AcGiArcType type = kAcGiArcSimple;
+    AcGePoint3d at(double t) const { return center + major * std::cos(t) + minor * std::sin(t); }
+    bool isFullTurn() const { return end - start >= kTwoPi - 1.0e-12; }
 };
 struct GiFill { AcGiFillLoops loops; };
-struct GiText {
-    AcGePoint3d position;
-    AcGeVector3d normal, direction;
+struct GiTextContent {
     std::wstring text;
     AcGiTextStyle style;
 };
+// A text point (x, y) in the units of the style's height lies at position + xAxis*x + yAxis*y, so a
+// text survives any affine transform.
+struct GiText {
+    AcGePoint3d position;
+    AcGeVector3d xAxis, yAxis;
+    std::shared_ptr<const GiTextContent> content; // never null
+    const std::wstring& text() const { return content->text; }
+    const AcGiTextStyle& style() const { return content->style; }
+    AcGeVector3d direction() const { return xAxis.normal(); }
+    AcGeVector3d normal() const { return xAxis.crossProduct(yAxis).normal(); }
+    double height() const { return content->style.height * yAxis.length(); }
+};
 class GiDisplayList;
-// A shared picture under a transform; primitives that say by block take `inherited`, and
-// those on layer "0" take its layer.
+// A shared picture under a transform; primitives in it that say by block take the traits of the
+// instance's primitive, and those on layer "0" its layer.
 struct GiInstance {
-    std::shared_ptr<const GiDisplayList> picture;
-    AcGeMatrix3d transform;
+    std::shared_ptr<const GiDisplayList> picture; // never null
+    double rows[3][4];                            // the affine part of the transform
+    GiInstance(std::shared_ptr<const GiDisplayList> shared, const AcGeMatrix3d& matrix);
+    AcGeMatrix3d transform() const;
 };
 struct GiPrimitive {
     std::variant<GiPolyline, GiPolygon, GiArc, GiFill, GiText, GiInstance> shape;
     GiTraits traits;
-    AcDbObjectId owner; // the top-level drawable that drew it, for hit tests
+    AcDbObjectId owner; // the top-level drawable that drew it, for hit tests; null inside a shared picture
 };
 class GiDisplayList {
 public:
@@ -74,6 +89,9 @@ class GiStyleResolver {
 public:
     virtual ~GiStyleResolver() = default;
     virtual bool isVisible(AcDbObjectId layer) const = 0; // on and thawed
+    // A block reference on a frozen layer hides all its parts; on a layer that is merely off it hides
+    // only those that lie on layer "0".
+    virtual bool isFrozen(AcDbObjectId /*layer*/) const { return false; }
     virtual bool isPlottable(AcDbObjectId layer) const { return isVisible(layer); }
     virtual bool isLayerZero(AcDbObjectId layer) const = 0;
     virtual AcCmEntityColor layerColor(AcDbObjectId layer) const = 0;
@@ -86,8 +104,10 @@ public:
     virtual int defaultLineWeight() const { return 25; }
 };
 // Walks a display list and hands resolved, flattened primitives to the sink, in order.
-// deviation: greatest chord error in drawing units.
-void giFlatten(const GiDisplayList& list, const GiStyleResolver& resolver, double deviation, GiPainterSink& sink);
+// deviation: greatest chord error in drawing units. window: what lies outside it as a whole may be
+// left out; null hands over everything.
+void giFlatten(const GiDisplayList& list, const GiStyleResolver& resolver, double deviation, GiPainterSink& sink,
+               const AcDbExtents* window = nullptr);
 
 // Builds display lists. One builder is one regeneration: shareable drawables are drawn once
 // in its life and repeated as instances; the builder must not outlive that regeneration.
@@ -97,8 +117,11 @@ public:
     ~GiDisplayListBuilder();
     AcGiWorldDraw& worldDraw();
     AcGiViewportDraw& viewportDraw(); // same list, for grip glyphs and jigs
-    // Draws a top-level drawable with the given starting traits, recording its id as owner.
-    void add(AcGiDrawable& drawable, const GiTraits& start = {});
+    // Draws a top-level drawable with its own traits, recording its id as owner. Nothing is drawn of
+    // one that is invisible.
+    void add(AcGiDrawable& drawable);
+    // The same with the caller's starting traits in place of its own.
+    void add(AcGiDrawable& drawable, const GiTraits& start);
     GiDisplayList& list();
     GiDisplayList take();
 
@@ -113,9 +136,11 @@ AcDbExtents giExtentsOf(AcGiDrawable& drawable, const std::function<bool(AcGiDra
 AcDbExtents giExtentsOf(const GiDisplayList& list);
 
 // One line a primitive with its traits, indented under instances. Layer and line type names
-// come from the namer.
+// come from the namer; where it gives none, a layer reads "0" and a line type "ByLayer". Numbers are
+// rounded to nine decimals and written as short as they come; angles are degrees.
 using GiNamer = std::function<std::wstring(AcDbObjectId)>;
-std::vector<std::wstring> giRecord(AcGiDrawable& drawable, const GiNamer& namer, bool dragging = false, const GiTraits& start = {});
+std::vector<std::wstring> giRecord(AcGiDrawable& drawable, const GiNamer& namer, bool dragging = false);
+std::vector<std::wstring> giRecord(AcGiDrawable& drawable, const GiNamer& namer, bool dragging, const GiTraits& start);
 std::vector<std::wstring> giRecord(const GiDisplayList& list, const GiNamer& namer);
 
 // ---- text outlines -------------------------------------------------------------------
@@ -124,8 +149,9 @@ std::vector<std::wstring> giRecord(const GiDisplayList& list, const GiNamer& nam
 struct GiTextOutline {
     AcGiFillLoops loops;   // one or more rings a glyph, flattened to the deviation
     AcGePoint2d minPoint, maxPoint; // exact ink box; both zero where nothing is drawn
-    double advance = 0.0;  // pen position after the last character
+    double advance = 0.0;  // pen position after the last character; negative for backward text
 };
+// deviation 0 takes 1/200 of the height. Control codes are expanded.
 GiTextOutline giTextOutline(const std::wstring& text, const AcGiTextStyle& style, double deviation = 0.0);
 // Control codes: %%d degree, %%p plus-minus, %%c diameter, %%nnn a character, %%u %%o dropped.
 std::wstring giExpandControlCodes(const std::wstring& text);
