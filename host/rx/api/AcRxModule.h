@@ -38,7 +38,8 @@ struct AcRxModuleLoadResult {
 AcRxModuleLoadResult acrxLoadModule(const std::wstring& path);
 // The same for an entry point that is linked into this program; used by tests.
 AcRxModuleLoadResult acrxLoadModule(const std::wstring& name, AcRxEntryPoint entry);
-// Sends kUnloadAppMsg and closes the shared object; false when no such module is loaded.
+// Sends kUnloadAppMsg and closes the shared object; false when no such module is loaded or the
+// module has not unlocked itself.
 bool acrxUnloadModule(const std::wstring& pathOrName);
 // Sends the message to every loaded module, in load order.
 void acrxSendToModules(AcRx::AppMsgCode code, void* packet = nullptr);

@@ -30,6 +30,13 @@ Acad::ErrorStatus acutUpdString(const ACHAR* text, ACHAR*& target);
 int acutWcscmp(const ACHAR* a, const ACHAR* b);  // by code value
 int acutWcsicmp(const ACHAR* a, const ACHAR* b); // without regard to case
 
+// The small letter of a capital, for the letters drawings and file names use (Latin with the
+// Hungarian ones, Greek, Cyrillic); the same in every locale.
+ACHAR acFoldCaseWide(ACHAR c);
+inline ACHAR acFoldCase(ACHAR c) {
+    return c < 0x80 ? (c >= L'A' && c <= L'Z' ? c + 0x20 : c) : acFoldCaseWide(c);
+}
+
 // ---- conversions (host and tests) ---------------------------------------------------
 std::string acToUtf8(std::wstring_view text);
 // Malformed bytes become U+FFFD.
