@@ -6,19 +6,24 @@
 #include "AcGe.h"
 
 #include <memory>
+#include <utility>
 
 class GiPoints {
 public:
     GiPoints() = default;
     GiPoints(const AcGePoint3d* points, std::size_t count) { assign(points, count); }
     GiPoints(const GiPoints& other) { assign(other.data(), other.mCount); }
-    GiPoints(GiPoints&&) noexcept = default;
+    GiPoints(GiPoints&& other) noexcept { take(other); }
     GiPoints& operator=(const GiPoints& other) {
         if (this != &other)
             assign(other.data(), other.mCount);
         return *this;
     }
-    GiPoints& operator=(GiPoints&&) noexcept = default;
+    GiPoints& operator=(GiPoints&& other) noexcept {
+        if (this != &other)
+            take(other);
+        return *this;
+    }
     ~GiPoints() = default;
 
     std::size_t size() const { return mCount; }
@@ -45,6 +50,13 @@ private:
             target[i] = points[i];
         mHeap = std::move(heap);
         mCount = count;
+    }
+    void take(GiPoints& other) noexcept {
+        mCount = std::exchange(other.mCount, 0);
+        mHeap = std::move(other.mHeap);
+        if (!mHeap)
+            for (std::size_t i = 0; i < mCount; ++i)
+                mInline[i] = other.mInline[i];
     }
     std::size_t mCount = 0;
     std::unique_ptr<AcGePoint3d[]> mHeap;
