@@ -1,0 +1,285 @@
+// The application table and the drawing-defaults table, with the rules of their files.
+#include "TrfcAppSettings.h"
+
+#include "AcUtText.h"
+#include "TrfcUserFolder.h"
+#include "WinFiles.h"
+#include "WinTextFile.h"
+
+#include <array>
+#include <map>
+#include <optional>
+
+namespace {
+
+constexpr int kFileVersion = 7; // what the writers write, whatever version was read
+constexpr int kLineBuffer = 1000;
+
+struct KeyLess {
+    using is_transparent = void;
+    bool operator()(const std::wstring& a, const std::wstring& b) const { return a < b; }
+    bool operator()(const std::wstring& a, const ACHAR* b) const { return a.compare(b) < 0; }
+    bool operator()(const ACHAR* a, const std::wstring& b) const { return b.compare(a) > 0; }
+};
+using Table = std::map<std::wstring, std::wstring, KeyLess>;
+
+struct Store {
+    Table app;
+    Table defaults;
+    std::wstring moduleDirectory;
+};
+Store& store() {
+    static Store instance;
+    return instance;
+}
+
+// An absent key comes into being with an empty value.
+std::wstring& valueOf(Table& table, const ACHAR* key) {
+    const auto found = table.find(key);
+    return found != table.end() ? found->second : table[key];
+}
+
+// ---- reading ------------------------------------------------------------------------------
+
+// One piece of at most 999 characters with its last character taken off, which is meant for the
+// line end. Nothing at the end of the file; a last line without a line end meets the end of the
+// file while it is read and so is lost.
+std::optional<std::wstring> readPiece(WinTextFile& file) {
+    std::array<wchar_t, kLineBuffer> buffer;
+    if (file.gets(buffer.data(), kLineBuffer) == nullptr)
+        return std::nullopt;
+    std::wstring piece(buffer.data());
+    const bool metEnd = piece.size() < kLineBuffer - 1 && (piece.empty() || piece.back() != L'\n');
+    if (metEnd)
+        return std::nullopt;
+    piece.pop_back();
+    return piece;
+}
+
+std::wstring trimBlanks(const std::wstring& text) {
+    constexpr const wchar_t* kBlanks = L" \t\r\n";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    return first == std::wstring::npos ? std::wstring() : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+// The comment test looks at the untrimmed line, the key is cut from the trimmed one.
+void takeLine(const std::wstring& line, Table& table) {
+    const std::wstring text = trimBlanks(line);
+    if (text.size() <= 2 || line.front() == L';' || line.front() == L'[')
+        return;
+    const std::size_t equals = text.find(L'=');
+    if (equals != std::wstring::npos && equals > 0)
+        table[text.substr(0, equals)] = text.substr(equals + 1);
+}
+
+bool readTable(const std::wstring& path, Table& table) {
+    table.clear();
+    WinTextFile file;
+    if (!file.open(path.c_str(), L"r"))
+        return false;
+    while (const auto line = readPiece(file))
+        takeLine(*line, table);
+    return true;
+}
+
+int versionOf(Table& table) {
+    return acWtoi(valueOf(table, VERSION_NUMBER).c_str());
+}
+
+// A key that takes this value when the file is older than the version.
+struct Migration {
+    int below;
+    const ACHAR* key;
+    const ACHAR* value;
+};
+constexpr Migration kAppMigrations[] = {
+    {3, APP_TABLES_COMPL_DIR, L""},
+    {7, APP_POSTS_BASE_PATH, L""},
+};
+constexpr Migration kDefaultsMigrations[] = {
+    {2, DOC_POST_OVERLAP_ERR, L"0.001000"},
+    {2, DOC_USE_GRAYSCALE_TABLES, L"0"},
+    {3, DOC_AUTO_ORDER_TABLES, L"1"},
+    {5, DOC_POST_DEFAULT_TYPE, L"0"},
+    {5, DOC_CROSSWALK_DEFAULT_TYPE, L"0"},
+    {7, DOC_POST_DEFAULT_DWG, L"Oszlopok\\Jelzőoszlop.dwg"},
+    {7, DOC_POST_ALIEN_DWG, L"Oszlopok\\Idegen oszlop.dwg"},
+    {5, DOC_BLOCK_DEFAULT_TYPE, L"0"},
+    {6, DOC_BLOCK_ENT_DEFAULT_TYPE, L"0"},
+    {5, DOC_USE_WHITESCALE_TABLES, L"0"},
+    {5, DOC_USE_OTHER_COLOR_TABLES, L"0"},
+    {6, DOC_ANNO_MIN_DIST, L"0.020000"},
+    {6, DOC_ANNO_HEIGHT, L"0.002500"},
+    {6, DOC_ANNO_COLOR, L"256"},
+    {6, DOC_ANNO_TYPE, L"Standard"},
+    {6, DOC_ANNO_LINE_COLOR, L"256"},
+    {6, DOC_ANNO_LINE_TYPE, L"ByLayer"},
+    {6, DOC_ANNO_LINE_WEIGHT, L"-1"},
+};
+
+template <std::size_t N> void migrate(Table& table, const Migration (&rules)[N]) {
+    const int version = versionOf(table);
+    for (const Migration& rule : rules)
+        if (version < rule.below)
+            table[rule.key] = rule.value;
+}
+
+// ---- writing ------------------------------------------------------------------------------
+
+// A row of a file: a section heading, or a key with the key whose value is written under it.
+struct FileRow {
+    const ACHAR* section;
+    const ACHAR* key;
+    const ACHAR* valueKey;
+};
+constexpr FileRow section(const ACHAR* name) {
+    return {name, nullptr, nullptr};
+}
+constexpr FileRow row(const ACHAR* key) {
+    return {nullptr, key, key};
+}
+constexpr FileRow kAppRows[] = {
+    section(L"defaults"),
+    row(DEFAULTS_INI_PATH),
+    section(L"block library"),
+    row(APP_SYMBOL_BASE_PATH),
+    row(APP_POSTS_BASE_PATH),
+    row(APP_TABLES_BASE_PATH),
+    row(APP_TABLES_COMPL_DIR),
+    row(APP_LAMPS_BASE_PATH),
+    row(APP_BLOCK_BASE_PATH),
+    row(APP_TABLES_UNIQ_DIR),
+    row(APP_TEMP_DIR_PATH),
+    section(L"ui"),
+    {nullptr, USER_INTERFACE_TYPE, USER_INTERFACE_TYPE_TEMP}, // the choice counts from the next start
+    section(L"block view size"),
+    row(BLOCK_VIEW_SIZE),
+};
+constexpr FileRow kDefaultsRows[] = {
+    section(L"scale"),
+    row(DOC_SCALE_LIST),
+    row(DOC_CURRENT_SCALE),
+    section(L"post measure"),
+    row(DOC_BASEPOINTD),
+    row(DOC_POST_ALPHA0),
+    row(DOC_POST_MIN_AB),
+    row(DOC_POST_MIN_CD),
+    row(DOC_POST_OVERLAP_ERR),
+    row(DOC_POST_DEFAULT_TYPE),
+    row(DOC_POST_DEFAULT_DWG),
+    row(DOC_POST_ALIEN_DWG),
+    section(L"post annotation measure"),
+    row(DOC_ANNO_MIN_DIST),
+    row(DOC_ANNO_HEIGHT),
+    row(DOC_ANNO_COLOR),
+    row(DOC_ANNO_TYPE),
+    row(DOC_ANNO_LINE_COLOR),
+    row(DOC_ANNO_LINE_TYPE),
+    row(DOC_ANNO_LINE_WEIGHT),
+    section(L"block measure"),
+    row(DOC_EXISTING_TABLE_D),
+    row(DOC_PLANNED_TABLE_D),
+    row(DOC_EXISTING_LAMP_D),
+    row(DOC_PLANNED_LAMP_D),
+    row(DOC_BLOCK_DEFAULT_TYPE),
+    row(DOC_BLOCK_ENT_DEFAULT_TYPE),
+    section(L"block color"),
+    row(DOC_USE_OTHER_COLOR_TABLES),
+    row(DOC_USE_GRAYSCALE_TABLES),
+    row(DOC_USE_WHITESCALE_TABLES),
+    section(L"table order"),
+    row(DOC_AUTO_ORDER_TABLES),
+    section(L"crosswalk measure"),
+    row(DOC_CROSSWALK_DEFAULT_TYPE),
+};
+
+template <std::size_t N> bool writeTable(const std::wstring& path, Table& table, const FileRow (&rows)[N]) {
+    WinTextFile file;
+    if (!file.open(path.c_str(), L"w"))
+        return false;
+    file.puts(L"[version]\n");
+    file.printf(L"VERSION_NUMBER=%d\n", kFileVersion);
+    for (const FileRow& item : rows) {
+        if (item.section != nullptr)
+            file.printf(L"\n[%s]\n", item.section);
+        else
+            file.printf(L"%s=%s\n", item.key, valueOf(table, item.valueKey).c_str());
+    }
+    return file.close();
+}
+
+} // namespace
+
+const std::wstring& TrfcAppSettings::moduleDirectory() {
+    return store().moduleDirectory;
+}
+
+void TrfcAppSettings::setModuleDirectory(const std::wstring& modulePath) {
+    std::array<wchar_t, MAX_PATH> buffer{};
+    const DWORD length = GetFullPathNameW(modulePath.c_str(), MAX_PATH, buffer.data(), nullptr);
+    const std::wstring full = length > 0 && length < MAX_PATH ? std::wstring(buffer.data(), length) : modulePath;
+    store().moduleDirectory = full.substr(0, full.find_last_of(L'\\') + 1);
+}
+
+std::wstring TrfcAppSettings::settingsFilePath() {
+    return prepareUserFolder(moduleDirectory() + L"bin\\") + L"settings.ini";
+}
+
+std::wstring TrfcAppSettings::perUserFolder() {
+    return userFolder();
+}
+
+bool TrfcAppSettings::loadAppSettings(const std::wstring& path) {
+    Table& table = store().app;
+    if (!readTable(path, table))
+        return false;
+    migrate(table, kAppMigrations);
+    table[USER_INTERFACE_TYPE_TEMP] = valueOf(table, USER_INTERFACE_TYPE);
+    return true;
+}
+
+bool TrfcAppSettings::saveAppSettings(const std::wstring& path) {
+    return writeTable(path, store().app, kAppRows);
+}
+
+bool TrfcAppSettings::loadDocDefaults(const std::wstring& path) {
+    Table& table = store().defaults;
+    if (!readTable(path, table))
+        return false;
+    migrate(table, kDefaultsMigrations);
+    // Annotation scales are the source of truth: a list in the file must never reach a drawing.
+    table[DOC_SCALE_LIST].clear();
+    return true;
+}
+
+bool TrfcAppSettings::saveDocDefaults(const std::wstring& path) {
+    return writeTable(path, store().defaults, kDefaultsRows);
+}
+
+const std::wstring& TrfcAppSettings::getAppString(const ACHAR* key) {
+    return valueOf(store().app, key);
+}
+
+Adesk::Int32 TrfcAppSettings::getAppInt(const ACHAR* key) {
+    return acWtoi(getAppString(key).c_str());
+}
+
+void TrfcAppSettings::setAppString(const ACHAR* key, const std::wstring& value) {
+    valueOf(store().app, key) = value;
+}
+
+void TrfcAppSettings::setAppInt(const ACHAR* key, Adesk::Int32 value) {
+    setAppString(key, std::to_wstring(value));
+}
+
+const std::wstring& TrfcAppSettings::getDocDefault(const ACHAR* key) {
+    return valueOf(store().defaults, key);
+}
+
+void TrfcAppSettings::setDocDefault(const ACHAR* key, const std::wstring& value) {
+    valueOf(store().defaults, key) = value;
+}
+
+void TrfcAppSettings::clearDocDefaults() {
+    store().defaults.clear();
+}
