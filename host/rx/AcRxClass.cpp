@@ -10,6 +10,7 @@ struct AcRxClass::Impl {
     std::wstring name, dxfName, appName;
     bool hasDxfName = false, hasAppName = false;
     AcRxClass* parent = nullptr;
+    std::wstring parentName; // of a parent that was not registered yet
     int dwgVersion = 0, maintenanceVersion = 0, proxyFlags = 0;
     AcRxConstructor constructor = nullptr;
 };
@@ -76,7 +77,7 @@ void AcRxClass::getClassVersion(int& dwgVersion, int& maintenanceVersion) const 
 }
 
 AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, int dwgVersion, int maintenanceVersion, int proxyFlags,
-                        AcRxConstructor constructor, const ACHAR* dxfName, const ACHAR* appName) {
+                        AcRxConstructor constructor, const ACHAR* dxfName, const ACHAR* appName, const ACHAR* parentName) {
     if (AcRxClass* const known = acrxFindClass(name))
         return known;
     auto impl = std::make_unique<AcRxClass::Impl>();
@@ -86,6 +87,7 @@ AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, int dwgVersion, in
     impl->hasAppName = appName != nullptr;
     impl->appName = appName != nullptr ? appName : L"";
     impl->parent = parent;
+    impl->parentName = parentName != nullptr ? parentName : L"";
     impl->dwgVersion = dwgVersion;
     impl->maintenanceVersion = maintenanceVersion;
     impl->proxyFlags = proxyFlags;
@@ -102,13 +104,19 @@ void deleteAcRxClass(AcRxClass* type) {
         return;
     ClassRegistry& r = registry();
     std::erase(r.inOrder, type);
+    for (AcRxClass* const child : r.inOrder)
+        if (child->mImpl->parent == type)
+            child->mImpl->parent = type->mImpl->parent;
     r.byName.erase(type->mImpl->name);
     delete type->mImpl;
     delete type;
 }
 
-// Parents are given by pointer at registration, so the tree is complete at any time.
-void acrxBuildClassHierarchy() {}
+void acrxBuildClassHierarchy() {
+    for (AcRxClass* const type : registry().inOrder)
+        if (type->mImpl->parent == nullptr && !type->mImpl->parentName.empty())
+            type->mImpl->parent = acrxFindClass(type->mImpl->parentName.c_str());
+}
 
 AcRxClass* acrxFindClass(const ACHAR* name) {
     const auto found = registry().byName.find(std::wstring_view(name));

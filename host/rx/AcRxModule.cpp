@@ -109,8 +109,9 @@ AcRxDynamicLinker* acrxDynamicLinker() {
 AcRxModuleLoadResult acrxLoadModule(const std::wstring& path) {
     auto module = std::make_unique<Module>();
     module->path = resolvedPath(path);
-    // Local: two modules may define the same names.
-    module->library = dlopen(acToUtf8(module->path).c_str(), RTLD_NOW | RTLD_LOCAL);
+    // Local: two modules may define the same names. Not unmapped at unload: class records and reactors
+    // that a module leaves behind must not point into the void.
+    module->library = dlopen(acToUtf8(module->path).c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (module->library == nullptr) {
         const char* const why = dlerror();
         return {false, L"the module cannot be loaded: " + acFromUtf8(why != nullptr ? why : "unknown reason")};

@@ -36,7 +36,8 @@ public:
     static AcRxClass* desc();
 
 private:
-    friend AcRxClass* newAcRxClass(const ACHAR*, AcRxClass*, int, int, int, AcRxConstructor, const ACHAR*, const ACHAR*);
+    friend AcRxClass* newAcRxClass(const ACHAR*, AcRxClass*, int, int, int, AcRxConstructor, const ACHAR*, const ACHAR*, const ACHAR*);
+    friend void acrxBuildClassHierarchy();
     friend void deleteAcRxClass(AcRxClass*);
     AcRxClass() = default;
     ~AcRxClass() override = default;
@@ -44,12 +45,15 @@ private:
     Impl* mImpl = nullptr;
 };
 
-// Registers a class; a class of that name that is registered already is returned as it is.
+// Registers a class; a class of that name that is registered already is returned as it is. A module
+// may register a class before its parent: a null parent is then looked up by parentName when
+// acrxBuildClassHierarchy runs.
 // Texts are copied. The registry owns the class until deleteAcRxClass.
 AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, int dwgVersion = 0, int maintenanceVersion = 0,
                         int proxyFlags = 0, AcRxConstructor constructor = nullptr, const ACHAR* dxfName = nullptr,
-                        const ACHAR* appName = nullptr);
-// Takes the class out of the registry. Objects of it must not be used afterwards.
+                        const ACHAR* appName = nullptr, const ACHAR* parentName = nullptr);
+// Takes the class out of the registry; classes derived from it go to its parent. Objects of it must
+// not be used afterwards.
 void deleteAcRxClass(AcRxClass* type);
 // Completes the tree after a batch of rxInit calls; harmless to repeat.
 void acrxBuildClassHierarchy();
@@ -80,7 +84,7 @@ AcRxClass* acrxFindClassByDxfName(const ACHAR* dxfName);
     void CLASS::rxInit() {                                                                                             \
         CLASS::gpDesc = newAcRxClass(                                                                                  \
             L## #CLASS, PARENT::desc(), DWG_VERSION, MAINTENANCE_VERSION, PROXY_FLAGS,                                 \
-            []() -> AcRxObject* { return new CLASS; }, DXF_NAME, APP_NAME);                                            \
+            []() -> AcRxObject* { return new CLASS; }, DXF_NAME, APP_NAME, L## #PARENT);                               \
     }
 #define ACRX_NO_CONS_DEFINE_MEMBERS(CLASS, PARENT)                                                                     \
     ACRX_MEMBERS_COMMON(CLASS)                                                                                         \
