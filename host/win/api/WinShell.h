@@ -1,0 +1,35 @@
+// Shell functions: the user's folders, opening a document, showing a help topic. What is opened
+// is always named on the command line; a program is started only where there is a screen.
+#pragma once
+
+#include "WinTypes.h"
+
+#include <string>
+#include <vector>
+
+constexpr int CSIDL_LOCAL_APPDATA = 0x1C; // 28
+// The only folder known is 28, the user's local application data: environment
+// KORVANT_LOCALAPPDATA, else XDG_DATA_HOME, else .local/share of the home folder. It is made
+// where it is absent, since programs rely on it. The buffer takes MAX_PATH characters, the
+// path has backslashes and none at its end. Another id or too long a path gives E_FAIL.
+HRESULT SHGetFolderPathW(HWND owner, int folderId, HANDLE token, DWORD flags, LPWSTR path);
+
+constexpr int SW_SHOWNORMAL = 1;
+// Prints "Megnyitás: <file>" and, where there is a screen, hands the file to the desktop.
+// The result is above 32 for success, 2 where a file is absent.
+INT_PTR ShellExecuteW(HWND owner, LPCWSTR operation, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int show);
+
+constexpr UINT HH_DISPLAY_TOPIC = 0;
+// Shows the topic of an address "…\help\Name.chm::/Topic.html". Prints "Súgó: Topic.html"; the
+// page is the HTML file Topic.html in the folder of the .chm, or one named help/ beside it.
+// Gives null where no such page stands (the line then says so), else a non-null value.
+HWND HtmlHelpW(HWND owner, LPCWSTR address, UINT command, DWORD_PTR data);
+// The page's file that an address stands for, whether it exists or not; empty for junk.
+std::wstring winHelpPage(LPCWSTR address);
+
+// What ShellExecuteW and HtmlHelpW opened since the program's start, oldest first (for tests).
+const std::vector<std::wstring>& winOpenedDocuments();
+// How a document is handed to the desktop; the default opens nothing, the program with a
+// window installs its own. Returns false where it could not be opened.
+using WinDocumentOpener = bool (*)(const std::wstring& pathOrAddress);
+void winSetDocumentOpener(WinDocumentOpener opener);
