@@ -1,0 +1,69 @@
+// The numbers of every resource: dialogs, their controls and the texts of the string table. Scripts
+// name controls by these numbers, so a number once given is never given to another control.
+#pragma once
+
+// ---- dialogs
+#define IDD_SELECT_TABLE      103
+#define IDD_BLOCK_PROPERTIES  144
+#define IDD_EDIT_BLOCK_CHAIN  207
+#define IDD_POST_PROPERTIES   210
+#define IDD_EDIT_POST         211
+#define IDD_ERROR             220
+#define IDD_ABOUT             221
+#define IDD_EDIT_BLOCK        341
+
+// ---- controls that several dialogs share
+#define IDC_PATH_TREE         201
+#define IDC_ATTRIBUTE_LIST    204
+#define IDC_TYPE_COMBO        212
+#define IDC_PROPERTIES_TAB    215
+#define IDC_PREVIEW           217
+#define IDC_HELP_BUTTON       260
+#define IDC_SELECT_BLOCK      342
+
+// ---- block selection (103)
+#define IDC_LIBRARY_TREE      300
+#define IDC_LIBRARY_LIST      301
+
+// ---- chain page (207)
+#define IDC_CHAIN_UP          230
+#define IDC_CHAIN_DOWN        231
+#define IDC_CHAIN_ADD_TABLE   232
+#define IDC_CHAIN_ADD_LAMP    234
+#define IDC_CHAIN_DELETE      235
+#define IDC_UNIQUE_SCALE      236
+#define IDC_COMPLEMENTARY     237
+#define IDC_UNIQUE_TABLE      238
+
+// ---- post page (211)
+#define IDC_FOLLOW_ROTATION   240
+
+// ---- error window (220)
+#define IDC_ERROR_TEXT        250
+
+// ---- about window (221)
+#define IDC_PRODUCT_NAME      252
+#define IDC_VERSION           253
+
+// ---- cells that are edited in place (children of the list)
+#define IDC_IN_PLACE          299
+
+// ---- texts
+#define IDS_DEFAULTS_SAVED    103
+#define IDS_DEFAULTS_LOADED   104
+#define IDS_INI_PATH_WRONG    105
+#define IDS_PAGE_GENERAL      106
+#define IDS_PAGE_LAMP         107
+#define IDS_PAGE_TABLES       108
+#define IDS_PROMPT_POINT_A    109
+#define IDS_PROMPT_POINT_B    110
+#define IDS_PROMPT_POINT_D    111
+#define IDS_SETTINGS_FAULT    119
+#define IDS_DEFAULTS_FAULT    120
+#define IDS_COMPLEMENTARY     130
+#define IDS_PROMPT_BLOCK      132
+#define IDS_PROMPT_BLOCK_TURN 133
+#define IDS_PAGE_BLOCK        143
+#define IDS_PAGE_CROSSWALK    145
+#define IDS_PAGE_POST_1       148
+#define IDS_PAGE_POST_2       149
