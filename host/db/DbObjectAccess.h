@@ -135,4 +135,8 @@ struct DbObjectAccess {
     static auto& sequenceEnd(AcDb3dPolyline& p) { return p.mSequenceEnd; }
     static auto& attributeIds(AcDbBlockReference& r) { return r.mAttributes; }
     static auto& sequenceEnd(AcDbBlockReference& r) { return r.mSequenceEnd; }
+
+    // The DWG codec names the fields of a built-in class once, for reading and writing, in a
+    // specialisation of this; it sees the class's members as this struct does.
+    template <class T> struct DwgFields;
 };
