@@ -74,6 +74,7 @@ public:
 struct GiStyle {
     Adesk::UInt32 rgb = 0xFFFFFF;
     bool foreground = false;        // index 7: white on dark, black on paper
+    bool isText = false;            // a letter: its outline is exact, no painter may fatten it
     int lineWeight = 25;            // 1/100 mm, resolved
     std::vector<double> dashes;     // drawing units, + dash, - gap, 0 dot; empty is continuous
     AcDbObjectId owner;

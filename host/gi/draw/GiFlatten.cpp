@@ -99,11 +99,13 @@ private:
         const GiStyle* style = styleOf(primitive, place);
         if (style == nullptr)
             return;
+        GiStyle letters = *style;
+        letters.isText = true;
         for (const GiPlacedGlyph& glyph : giLayText(shape, place.transform).glyphs) {
             mLoops.clear();
             giFlattenGlyph(glyph, mDeviation, mLoops);
             if (!mLoops.empty() && !outside(mLoops.front()))
-                mSink.fill(mLoops, *style);
+                mSink.fill(mLoops, letters);
         }
     }
     void draw(const GiInstance& shape, const GiPrimitive& primitive, const Place& place) {

@@ -1,0 +1,130 @@
+// Draws a display list with a QPainter.
+#include "GiPaint.h"
+
+#include "GiDashes.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+
+namespace {
+constexpr double kLeastPattern = 1.5; // pixels; a finer line type cannot be told from a whole line
+constexpr double kLeastFit = 1.0e-9;
+
+class PaintSink final : public GiPainterSink {
+public:
+    PaintSink(QPainter& painter, const GiPaintView& view) : mPainter(painter), mView(view) {}
+
+    void stroke(const std::vector<AcGePoint3d>& points, bool closed, const GiStyle& style) override {
+        setPen(colorOf(style), widthOf(style));
+        mLine.clear();
+        for (const AcGePoint3d& p : points)
+            mLine.emplace_back(mView.toX(p.x), mView.toY(p.y));
+        if (!isPatternVisible(style) || !giCutDashes(mLine, closed, mPattern, [&](const auto& piece) { strokeLine(piece, false); }))
+            strokeLine(mLine, closed);
+    }
+    void fill(const AcGiFillLoops& loops, const GiStyle& style) override {
+        QPainterPath path;
+        path.setFillRule(Qt::OddEvenFill);
+        for (const auto& loop : loops)
+            addRing(path, loop);
+        const QColor color = colorOf(style);
+        if (style.isText || mView.bleed <= 0.0)
+            setPen(QColor(), -1.0);
+        else
+            setPen(color, mView.bleed);
+        mPainter.setBrush(color);
+        mPainter.drawPath(path);
+        mPainter.setBrush(Qt::NoBrush);
+    }
+
+private:
+    QColor colorOf(const GiStyle& style) const {
+        return QColor(QRgb((style.foreground ? mView.foregroundRgb : style.rgb) | 0xFF000000u));
+    }
+    double widthOf(const GiStyle& style) const {
+        return std::max(mView.thinnest, style.lineWeight / 100.0 * mView.pixelsPerMm);
+    }
+    // A width below 0 is no pen. Setting a pen costs more than most lines, so the last is kept.
+    void setPen(const QColor& color, double width) {
+        if (width == mWidth && color == mColor)
+            return;
+        mColor = color;
+        mWidth = width;
+        if (width < 0.0) {
+            mPainter.setPen(Qt::NoPen);
+            return;
+        }
+        mPainter.setPen(QPen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    }
+    bool isPatternVisible(const GiStyle& style) {
+        double period = 0.0;
+        mPattern.clear();
+        for (const double part : style.dashes) {
+            mPattern.push_back(part * mView.pixelsPerUnit);
+            period += std::abs(mPattern.back());
+        }
+        return period >= kLeastPattern;
+    }
+    void strokeLine(const std::vector<AcGePoint2d>& line, bool closed) {
+        mPolygon.clear();
+        for (const AcGePoint2d& p : line)
+            if (mPolygon.isEmpty() || mPolygon.back() != QPointF(p.x, p.y))
+                mPolygon.append(QPointF(p.x, p.y));
+        if (mPolygon.size() == 1) {
+            dot(mPolygon.front());
+        } else if (closed) {
+            mPainter.setBrush(Qt::NoBrush);
+            mPainter.drawPolygon(mPolygon);
+        } else {
+            mPainter.drawPolyline(mPolygon);
+        }
+    }
+    // As long as the line is wide.
+    void dot(const QPointF& p) {
+        const QPointF half(mWidth / 2.0, 0.0);
+        mPainter.drawLine(QLineF(p - half, p + half));
+    }
+    void addRing(QPainterPath& path, const std::vector<AcGePoint3d>& loop) const {
+        bool first = true;
+        for (const AcGePoint3d& p : loop) {
+            const QPointF q(mView.toX(p.x), mView.toY(p.y));
+            first ? path.moveTo(q) : path.lineTo(q);
+            first = false;
+        }
+        path.closeSubpath();
+    }
+
+    QPainter& mPainter;
+    const GiPaintView& mView;
+    QColor mColor;
+    double mWidth = -2.0; // no pen set yet
+    std::vector<AcGePoint2d> mLine;
+    std::vector<double> mPattern;
+    QPolygonF mPolygon;
+};
+} // namespace
+
+GiPaintView giFitView(const AcGePoint2d& lower, const AcGePoint2d& upper, double left, double top, double width,
+                      double height) {
+    GiPaintView view;
+    view.center = {(lower.x + upper.x) / 2.0, (lower.y + upper.y) / 2.0};
+    view.centerX = left + width / 2.0;
+    view.centerY = top + height / 2.0;
+    const double across = std::max(upper.x - lower.x, kLeastFit), up = std::max(upper.y - lower.y, kLeastFit);
+    view.pixelsPerUnit = std::min(width / across, height / up);
+    view.left = left, view.top = top, view.right = left + width, view.bottom = top + height;
+    return view;
+}
+
+void paintDisplayList(QPainter& painter, const GiDisplayList& list, const GiStyleResolver& resolver,
+                      const GiPaintView& view) {
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    PaintSink sink(painter, view);
+    const double widest = std::max(view.thinnest, kGiWidestLineMm * view.pixelsPerMm);
+    const AcGePoint2d lower = view.toDrawing(view.left - widest, view.bottom + widest);
+    const AcGePoint2d upper = view.toDrawing(view.right + widest, view.top - widest);
+    const AcDbExtents window({lower.x, lower.y, 0.0}, {upper.x, upper.y, 0.0});
+    giFlatten(list, resolver, view.deviation / view.pixelsPerUnit, sink, &window);
+}
