@@ -86,8 +86,25 @@ struct DbHeaderValue {
     AcDbObjectId id;
 };
 
+struct DbIdTranslation;
+
 struct DbObjectAccess {
     // ---- ids and records
+    // Gives a new object an id of this database, owned as told and open for write.
+    static Acad::ErrorStatus adopt(AcDbDatabase& db, AcDbObject& object, AcDbObjectId owner, AcDbObjectId& id);
+    // While a drawing is loading its objects need no opening, and nothing is recorded for undo.
+    static void setLoading(AcDbDatabase& db, bool loading);
+    // Ids are turned by the translation while the stream is read; null ends that.
+    static void setTranslation(AcDbDeepCloneFiler& filer, const DbIdTranslation* translation) { filer.mTranslation = translation; }
+    // Every id that the stream holds, with the kind of reference, in order of writing.
+    struct FiledId {
+        enum Kind { kHardOwner, kSoftOwner, kHardPointer, kSoftPointer } kind;
+        AcDbObjectId id;
+    };
+    static std::vector<FiledId> filedIds(const AcDbDeepCloneFiler& filer);
+    // Names of table records have changed without setName or add.
+    static void namesChanged();
+    static auto& modified(AcDbObject& object) { return object.mModified; }
     // The id of a handle, made when absent; an id without object is valid to point to.
     static AcDbObjectId idFor(AcDbDatabase& db, AcDbHandle handle);
     // Puts an object that a file holds under its handle, closed; the database owns it.
@@ -117,6 +134,52 @@ struct DbObjectAccess {
     static std::vector<std::wstring> finishLoading(AcDbDatabase& db);
 
     // ---- members of classes, for the codec
+    static auto& color(AcDbEntity& e) { return e.mColor; }
+    static auto& layer(AcDbEntity& e) { return e.mLayer; }
+    static auto& linetype(AcDbEntity& e) { return e.mLinetype; }
+    static auto& linetypeScale(AcDbEntity& e) { return e.mLinetypeScale; }
+    static auto& lineWeight(AcDbEntity& e) { return e.mLineWeight; }
+    static auto& invisible(AcDbEntity& e) { return e.mInvisible; }
+    static auto& origin(AcDbBlockTableRecord& b) { return b.mOrigin; }
+    static auto& comments(AcDbBlockTableRecord& b) { return b.mComments; }
+    static auto& hard(AcDbDictionary& d) { return d.mHard; }
+    static auto& mergeStyle(AcDbDictionary& d) { return d.mMergeStyle; }
+    static auto& mergeStyle(AcDbXrecord& x) { return x.mMergeStyle; }
+    static auto& color(AcDbLayerTableRecord& l) { return l.mColor; }
+    static auto& linetype(AcDbLayerTableRecord& l) { return l.mLinetype; }
+    static auto& plotStyle(AcDbLayerTableRecord& l) { return l.mPlotStyle; }
+    static auto& off(AcDbLayerTableRecord& l) { return l.mOff; }
+    static auto& frozen(AcDbLayerTableRecord& l) { return l.mFrozen; }
+    static auto& locked(AcDbLayerTableRecord& l) { return l.mLocked; }
+    static auto& frozenInNew(AcDbLayerTableRecord& l) { return l.mFrozenInNew; }
+    static auto& plottable(AcDbLayerTableRecord& l) { return l.mPlottable; }
+    static auto& lineWeight(AcDbLayerTableRecord& l) { return l.mLineWeight; }
+    static auto& font(AcDbTextStyleTableRecord& s) { return s.mFont; }
+    static auto& bigFont(AcDbTextStyleTableRecord& s) { return s.mBigFont; }
+    static auto& textSize(AcDbTextStyleTableRecord& s) { return s.mTextSize; }
+    static auto& xScale(AcDbTextStyleTableRecord& s) { return s.mXScale; }
+    static auto& oblique(AcDbTextStyleTableRecord& s) { return s.mOblique; }
+    static auto& priorSize(AcDbTextStyleTableRecord& s) { return s.mPriorSize; }
+    static auto& generation(AcDbTextStyleTableRecord& s) { return s.mGeneration; }
+    static auto& flags(AcDbTextStyleTableRecord& s) { return s.mFlags; }
+    using LinetypeComplex = AcDbLinetypeTableRecord::Complex;
+    static auto& comments(AcDbLinetypeTableRecord& l) { return l.mComments; }
+    static auto& dashes(AcDbLinetypeTableRecord& l) { return l.mDashes; }
+    static auto& complex(AcDbLinetypeTableRecord& l) { return l.mComplex; }
+    static auto& strings(AcDbLinetypeTableRecord& l) { return l.mStrings; }
+    static auto& center(AcDbViewportTableRecord& v) { return v.mCenter; }
+    static auto& height(AcDbViewportTableRecord& v) { return v.mHeight; }
+    static auto& width(AcDbViewportTableRecord& v) { return v.mWidth; }
+    static auto& name(AcDbScale& s) { return s.mName; }
+    static auto& paper(AcDbScale& s) { return s.mPaper; }
+    static auto& drawing(AcDbScale& s) { return s.mDrawing; }
+    static auto& unitScale(AcDbScale& s) { return s.mUnitScale; }
+    static auto& name(AcDbAnnotationScale& s) { return s.mName; }
+    static auto& paper(AcDbAnnotationScale& s) { return s.mPaper; }
+    static auto& drawing(AcDbAnnotationScale& s) { return s.mDrawing; }
+    static auto& object(AcDbAnnotationScale& s) { return s.mObject; }
+    static auto& value(AcDbDictionaryVar& v) { return v.mValue; }
+    static auto& schema(AcDbDictionaryVar& v) { return v.mSchema; }
     static auto& name(AcDbSymbolTableRecord& r) { return r.mName; }
     static auto& records(AcDbSymbolTable& t) { return t.mRecords; }
     static auto& entries(AcDbDictionary& d) { return d.mEntries; }

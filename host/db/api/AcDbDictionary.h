@@ -54,12 +54,29 @@ public:
     void setMergeStyle(AcDb::DuplicateRecordCloning style) { mMergeStyle = style; }
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+    // A dictionary takes its entries along when it is erased and brings them back. Erased entries
+    // stay in it for undo; no operation shows them.
+    Acad::ErrorStatus subErase(bool erasing) override;
 
 private:
     friend struct DbObjectAccess;
     std::map<std::wstring, AcDbObjectId, AcDbKeyLess> mEntries;
     bool mHard = false;
     AcDb::DuplicateRecordCloning mMergeStyle = AcDb::kDrcIgnore;
+};
+
+// A dictionary that names one of its entries for those who ask for a name it lacks.
+class AcDbDictionaryWithDefault : public AcDbDictionary {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbDictionaryWithDefault);
+    AcDbObjectId defaultId() const { return mDefault; }
+    Acad::ErrorStatus setDefaultId(AcDbObjectId id);
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+
+private:
+    friend struct DbObjectAccess;
+    AcDbObjectId mDefault;
 };
 
 // One chain of typed values.

@@ -94,7 +94,6 @@ private:
     AcDb::LineWeight mLineWeight = AcDb::kLnWtByLayer;
     bool mInvisible = false;
     mutable bool mHighlighted = false;
-    bool mGraphicsModified = false;
 };
 
 // ---- grips ------------------------------------------------------------------------------

@@ -15,6 +15,8 @@ enum FilerType { kFileFiler = 0, kCopyFiler = 1, kUndoFiler = 2, kDeepCloneFiler
 enum FilerSeekType { kSeekFromStart = 0, kSeekFromCurrent = 1, kSeekFromEnd = 2 };
 }
 
+struct DbIdTranslation; // host internals
+
 class AcDbDwgFiler {
 public:
     virtual ~AcDbDwgFiler() = default;
@@ -129,11 +131,25 @@ public:
     using AcDbDwgFiler::readString
     ACDB_FILER_OVERRIDES;
     // Size of the stream in bytes, for memory accounting.
-    std::size_t byteSize() const;
+    std::size_t byteSize() const { return mSize; }
+    // Writing after a seek cuts off what followed.
 
 private:
-    struct Impl;
-    std::unique_ptr<Impl> mImpl;
+    friend struct DbObjectAccess;
+    Adesk::UInt8* beginWrite(Adesk::UInt8 tag, std::size_t payload);
+    const Adesk::UInt8* beginRead(Adesk::UInt8 tag, std::size_t payload);
+    template <class T> Acad::ErrorStatus put(Adesk::UInt8 tag, const T& value);
+    template <class T> Acad::ErrorStatus take(Adesk::UInt8 tag, T* value);
+    Acad::ErrorStatus takeId(Adesk::UInt8 tag, AcDbObjectId& id);
+    bool takeBlock(Adesk::UInt8 tag, std::size_t unit, std::size_t& count, const Adesk::UInt8*& data);
+    void grow(std::size_t needed);
+
+    // One stretch of bytes: a type tag before each value, texts and bytes in place.
+    Adesk::UInt8* mBytes = nullptr;
+    std::size_t mSize = 0, mCapacity = 0, mAt = 0;
+    AcDb::FilerType mType;
+    Acad::ErrorStatus mStatus = Acad::eOk;
+    const DbIdTranslation* mTranslation = nullptr; // ids are turned by it on reading; cloning sets it
 };
 
 // Lists the write calls as text, one a line: writeInt32 7, writePoint3d 0 0 0,

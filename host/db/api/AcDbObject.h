@@ -70,6 +70,9 @@ private:
     friend struct DbObjectAccess; // host internals: database, codec, undo
     AcDbObjectId mId;
     std::unique_ptr<AcDbObjectImpData> mData; // xdata, reactors, owner; made on first use
+
+protected:
+    bool mModified = false; // changed since its picture was made
 };
 
 struct AcDbOpenRuleBreach {

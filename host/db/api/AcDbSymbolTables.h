@@ -4,6 +4,8 @@
 
 #include "AcDbEntity.h"
 
+#include <unordered_map>
+
 class AcDbBlockBegin;
 class AcDbBlockEnd;
 
@@ -53,7 +55,12 @@ public:
 
 private:
     friend struct DbObjectAccess;
+    AcDbObjectId find(const ACHAR* name) const; // not erased; null when absent
     AcDbObjectIdArray mRecords;
+    // Folded names to records, made anew when a name has changed anywhere.
+    mutable std::unordered_map<std::wstring, AcDbObjectId> mIndex;
+    mutable Adesk::UInt64 mIndexedAt = 0;
+    mutable int mIndexedCount = -1;
 };
 #define ACDB_SYMBOL_TABLE(CLASS)                                                                                       \
     class CLASS : public AcDbSymbolTable {                                                                             \
@@ -109,6 +116,8 @@ public:
     // Extents of what the block draws, in its own coordinates; attribute definitions do not count.
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
     bool isShareable() const override { return !isLayout(); }
+    // Takes the block's entities along.
+    Acad::ErrorStatus subErase(bool erasing) override;
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
 
