@@ -50,6 +50,7 @@ public:
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
 
 private:
+    friend struct DbObjectAccess;
     Data mLayout;
 };
 
@@ -75,6 +76,7 @@ public:
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
 
 private:
+    friend struct DbObjectAccess;
     Data mStyle;
 };
 
