@@ -18,7 +18,7 @@ struct GiPaintView {
     double pixelsPerMm = 0.0;   // of paper, for line weights; 0 draws every line thin
     double thinnest = 1.0;      // least line width, pixels
     double deviation = 0.25;    // greatest chord error, pixels
-    double bleed = 0.6;         // width of the edge drawn about an area in its own colour, pixels, so that
+    double bleed = 0.8;         // width of the edge drawn about an area in its own colour, pixels, so that
                                 // areas that meet show no light seam between them
     Adesk::UInt32 foregroundRgb = 0xFFFFFF; // of colour index 7
 

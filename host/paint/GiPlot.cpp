@@ -14,7 +14,7 @@
 namespace {
 constexpr double kThinnestMm = 0.1; // finer lines break up on paper
 constexpr double kDeviationMm = 0.02;
-constexpr double kBleedMm = 0.05;
+constexpr double kBleedMm = 0.05, kLeastBleed = 0.8; // the latter in pixels, where those are coarse
 
 // On paper a layer must be plottable, not merely visible.
 class PlotResolver final : public GiStyleResolver {
@@ -57,7 +57,7 @@ struct Sheet {
         view.pixelsPerMm = unitsPerMm;
         view.thinnest = kThinnestMm * unitsPerMm;
         view.deviation = kDeviationMm * unitsPerMm;
-        view.bleed = kBleedMm * unitsPerMm;
+        view.bleed = std::max(kBleedMm * unitsPerMm, kLeastBleed);
         view.foregroundRgb = page.darkBackground ? 0xFFFFFF : 0x000000;
         return view;
     }

@@ -52,7 +52,8 @@ QByteArray giWritePdf(const GiPlotPage& page, const GiSheetDrawer& draw) {
         draw(painter, kUnitsPerInch / kMmPerInch);
     }
     QByteArray pdf = buffer.data();
-    blankEntry(pdf, "/CreationDate");
+    for (const char* entry : {"/Title", "/Creator", "/Producer", "/CreationDate"})
+        blankEntry(pdf, entry);
     return pdf;
 }
 

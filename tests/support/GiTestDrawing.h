@@ -71,7 +71,7 @@ public:
     }
     double lineTypeScale() const override { return drawingScale; }
     double drawingScale = 1.0;
-    AcDbObjectId unplotted;
+    AcDbObjectId unplotted = testId(99);
     mutable int asked = 0;
 };
 
