@@ -4,6 +4,8 @@
 
 #include "AcDbEntity.h"
 
+// The one list of a class's stored fields, which both filing and reading walk.
+#define ACDB_FIELD_LIST template <class Self, class Archive> static void fields(Self& self, Archive& archive)
 #define ACDB_ENTITY_COMMON(CLASS)                                                                                      \
     ACRX_DECLARE_MEMBERS(CLASS);                                                                                       \
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;                                                \
@@ -17,9 +19,11 @@ protected:                                                                      
                                         AcGePoint3dArray& points, AcIntArray& geomIds) const override;                 \
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcIntArray& osnapModes, AcIntArray& geomIds) const override; \
     Acad::ErrorStatus subMoveGripPointsAt(const AcIntArray& indices, const AcGeVector3d& offset) override;             \
+    void subList() const override;                                                                                     \
                                                                                                                        \
 private:                                                                                                               \
     friend struct DbObjectAccess;                                                                                      \
+    ACDB_FIELD_LIST;                                                                                                   \
                                                                                                                        \
 public:                                                                                                                \
     using AcDbEntity::getGripPoints;                                                                                   \
@@ -131,12 +135,16 @@ public:
     ACDB_NORMAL;
     ACHAR* textString() const;                            // a copy, acutDelString
     const ACHAR* textStringConst() const { return mText.c_str(); }
-    Acad::ErrorStatus setTextString(const ACHAR* text);
+    virtual Acad::ErrorStatus setTextString(const ACHAR* text);
     AcDbObjectId textStyle() const;                       // the working database's Standard when none was set
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
     bool isDefaultAlignment() const { return mHorizontalMode == AcDb::kTextLeft && mVerticalMode == AcDb::kTextBase; }
     // Moves the position so that the text meets its alignment point.
     virtual Acad::ErrorStatus adjustAlignment(const AcDbDatabase* database = nullptr);
+    bool isMirroredInX() const { return (mGeneration & 2) != 0; } // set backward
+    bool isMirroredInY() const { return (mGeneration & 4) != 0; } // set upside down
+    Acad::ErrorStatus mirrorInX(bool on);
+    Acad::ErrorStatus mirrorInY(bool on);
 protected:
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray&) const override { return Acad::eCannotExplodeEntity; }
     AcGiTextStyle giStyle() const;
@@ -207,6 +215,9 @@ public:
     // Takes text, tag, flags, style, height, position and turn of the definition, carried through the
     // block's transform.
     Acad::ErrorStatus setAttributeFromBlock(const AcDbAttributeDefinition* definition, const AcGeMatrix3d& blockTransform);
+    // The text of a multiline attribute is its contents, with their format codes.
+    Acad::ErrorStatus setTextString(const ACHAR* text) override;
+    Acad::ErrorStatus adjustAlignment(const AcDbDatabase* database = nullptr) override;
     bool isMTextAttribute() const { return mMText != nullptr; }
     AcDbMText* getMTextAttribute() const; // a copy, the caller's; null when it is no multiline attribute
     Acad::ErrorStatus setMTextAttribute(const AcDbMText* text);
@@ -256,6 +267,8 @@ public:
     ACDB_FIELD(int, flags, setFlags, mFlags, 0);
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+private:
+    ACDB_FIELD_LIST;
 };
 class AcDb2dVertex : public AcDbVertex {
 public:
@@ -266,6 +279,8 @@ public:
     ACDB_FIELD(double, tangent, setTangent, mTangent, 0.0);
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+private:
+    ACDB_FIELD_LIST;
 };
 class AcDb3dPolylineVertex : public AcDbVertex {
 public:
@@ -341,7 +356,7 @@ public:
         AcGePoint2d center;                // arcs
         AcGeVector2d majorAxis;            // elliptic arc
         double radius = 0.0, ratio = 1.0, startAngle = 0.0, endAngle = 0.0;
-        bool counterClockwise = true;
+        bool counterClockwise = true;      // of a clockwise arc both angles count clockwise, as files keep them
         int degree = 0;                    // spline
         bool rational = false, periodic = false;
         std::vector<double> knots, weights;
@@ -358,9 +373,17 @@ public:
     struct PatternLine { double angle = 0.0; AcGePoint2d base; AcGeVector2d offset; std::vector<double> dashes; };
     const std::vector<Loop>& loops() const { return mLoops; }
     Acad::ErrorStatus appendLoop(const Loop& loop);
+    // A polyline loop; a last vertex that repeats the first is dropped. No bulges, or one a vertex.
+    Acad::ErrorStatus appendLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices, const AcGeDoubleArray& bulges = {});
+    // The picture follows the loops at once; this only tells whether there is anything to fill:
+    // eInvalidInput without a loop.
+    Acad::ErrorStatus evaluateHatch(bool underestimateLines = false);
     std::wstring patternName() const { return mPatternName; }
     bool isSolidFill() const { return mSolid; }
     Acad::ErrorStatus setSolid();
+    enum HatchPatternType { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
+    // By name alone only "SOLID" can be set; other patterns need their lines (eInvalidInput).
+    Acad::ErrorStatus setPattern(HatchPatternType type, const ACHAR* name);
     // A pattern by its definition lines, already scaled and turned.
     Acad::ErrorStatus setPattern(const ACHAR* name, double scale, double angle, const std::vector<PatternLine>& lines);
     const std::vector<PatternLine>& patternLines() const { return mPatternLines; }
