@@ -233,6 +233,16 @@ GiTraits AcDbEntity::startTraits() const {
     traits.lineWeight = mLineWeight;
     return traits;
 }
+Adesk::UInt32 AcDbEntity::subSetAttributes(AcGiSubEntityTraits* traits) {
+    assertReadEnabled();
+    const GiTraits own = startTraits();
+    traits->setTrueColor(own.color);
+    traits->setLayer(own.layer);
+    traits->setLineType(own.lineType);
+    traits->setLineTypeScale(own.lineTypeScale);
+    traits->setLineWeight(own.lineWeight);
+    return kDrawableIsAnEntity | (mInvisible ? kDrawableIsInvisible : kDrawableNone);
+}
 
 // ---- filing -------------------------------------------------------------------------
 namespace {

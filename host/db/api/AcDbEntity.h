@@ -85,6 +85,8 @@ protected:
     virtual Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode, std::intptr_t /*gsMarker*/, const AcGePoint3d& pick, const AcGePoint3d& last,
                                                 const AcGeMatrix3d& viewTransform, AcGePoint3dArray& points, AcIntArray& geomIds) const;
     virtual void subList() const;
+    // The entity's own properties become the traits with which its picture begins.
+    Adesk::UInt32 subSetAttributes(AcGiSubEntityTraits* traits) override;
 
 private:
     friend struct DbObjectAccess;
