@@ -108,6 +108,13 @@ bool asksForNumber(const AcDbSymbolTableRecord& record) {
     const std::wstring name = record.name();
     return AcDbBlockTableRecord::cast(&record) != nullptr && name.size() == 2 && name[0] == L'*' && name != L"**";
 }
+// Every layer of a file names a line type and a plot style.
+void completeLayer(AcDbDatabase& db, AcDbLayerTableRecord& layer) {
+    if (DbObjectAccess::linetype(layer).isNull())
+        DbObjectAccess::linetype(layer) = db.continuousLinetype();
+    if (DbObjectAccess::plotStyle(layer).isNull())
+        DbObjectAccess::plotStyle(layer) = DbObjectAccess::data(db).normalPlotStyle;
+}
 // Files keep two markers around a block's entities.
 Acad::ErrorStatus addMarkers(AcDbDatabase& db, AcDbBlockTableRecord& block) {
     if (!block.blockBeginId().isNull())
@@ -143,6 +150,12 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (es != Acad::eOk)
         return es;
     mRecords.append(id);
+    if (mIndexedAt == gNamesChangedAt && mIndexedCount == mRecords.length() - 1) { // else made anew when asked
+        mIndex.emplace(folded(record->name().c_str()), id);
+        ++mIndexedCount;
+    }
+    if (AcDbLayerTableRecord* const layer = AcDbLayerTableRecord::cast(record))
+        completeLayer(*database(), *layer);
     if (AcDbBlockTableRecord* const block = AcDbBlockTableRecord::cast(record))
         return addMarkers(*database(), *block);
     return Acad::eOk;

@@ -17,7 +17,7 @@ struct AcDbDatabaseImpData {
     Adesk::UInt64 handseed = 1; // the next handle
     std::vector<std::pair<const AcRxClass*, AcDbObjectId>> tables;
     AcDbObjectId namedObjects;
-    AcDbObjectId modelSpace, paperSpace, layerZero, byLayer, byBlock, continuous, standardStyle;
+    AcDbObjectId modelSpace, paperSpace, layerZero, byLayer, byBlock, continuous, standardStyle, normalPlotStyle;
     std::map<std::wstring, DbHeaderValue> header;
     std::vector<DbFileClass> classes;
     std::wstring filename, lastError;

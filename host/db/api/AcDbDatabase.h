@@ -114,6 +114,7 @@ public:
 
 private:
     friend struct DbObjectAccess;
+    void makeEmpty();
     std::unique_ptr<AcDbDatabaseImpData> mData;
 };
 
