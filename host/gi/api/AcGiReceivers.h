@@ -136,6 +136,14 @@ private:
 AcDbExtents giExtentsOf(AcGiDrawable& drawable, const std::function<bool(AcGiDrawable&)>& accept = {});
 AcDbExtents giExtentsOf(const GiDisplayList& list);
 
+// Hit tests, seen from above: the owners whose visible picture comes within the aperture of the point,
+// in drawing order (the last lies on top), each once. Areas are hit in their inside too.
+std::vector<AcDbObjectId> giOwnersAt(const GiDisplayList& list, const GiStyleResolver& resolver, const AcGePoint3d& point,
+                                     double aperture);
+// Those whose visible picture lies wholly within the window, or, crossing, touches it.
+std::vector<AcDbObjectId> giOwnersInWindow(const GiDisplayList& list, const GiStyleResolver& resolver, const AcGePoint3d& corner,
+                                           const AcGePoint3d& opposite, bool crossing);
+
 // One line a primitive with its traits, indented under instances. Layer and line type names
 // come from the namer; where it gives none, a layer reads "0" and a line type "ByLayer". Numbers are
 // rounded to nine decimals and written as short as they come; angles are degrees.

@@ -97,7 +97,7 @@ private:
     // A glyph at a time: letters that touch must not punch holes into each other.
     void draw(const GiText& shape, const GiPrimitive& primitive, const Place& place) {
         const GiStyle* style = styleOf(primitive, place);
-        if (style == nullptr)
+        if (style == nullptr || isFarOff(shape, place))
             return;
         GiStyle letters = *style;
         letters.isText = true;
@@ -107,6 +107,19 @@ private:
             if (!mLoops.empty() && !outside(mLoops.front()))
                 mSink.fill(mLoops, letters);
         }
+    }
+    // A rough test that spares setting the text: no letter is farther from the start than this.
+    bool isFarOff(const GiText& text, const Place& place) const {
+        if (mWindow == nullptr)
+            return false;
+        constexpr double kWidestLetter = 8.0; // heights; slant and overhang included
+        const AcGiTextStyle& style = text.style();
+        const double stretch = std::max(1.0, std::abs(style.widthFactor)) + std::abs(std::tan(style.obliqueAngle));
+        const AcGeVector3d x = place.transform * text.xAxis, y = place.transform * text.yAxis;
+        const double reach = kWidestLetter * static_cast<double>(text.text().size() + 1) * style.height * stretch * (x.length() + y.length());
+        const AcGePoint3d at = place.transform * text.position;
+        const AcGeVector3d away(reach, reach, reach);
+        return apart(AcDbExtents(at - away, at + away), *mWindow);
     }
     void draw(const GiInstance& shape, const GiPrimitive& primitive, const Place& place) {
         if (mStyles.hidesAll(primitive.traits, place.inherited))

@@ -50,6 +50,18 @@ struct OutlineReader {
         return add(user, 3, c1, c2, to);
     }
 };
+
+void boundControls(GiGlyph& glyph) {
+    AcDbExtents box;
+    const auto add = [&](const AcGePoint2d& p) { box.addPoint({p.x, p.y, 0.0}); };
+    for (const GiGlyphContour& contour : glyph.contours) {
+        add(contour.start);
+        for (const GiGlyphSegment& segment : contour.segments)
+            add(segment.control1), add(segment.control2), add(segment.end);
+    }
+    glyph.low = {box.minPoint().x, box.minPoint().y};
+    glyph.high = {box.maxPoint().x, box.maxPoint().y};
+}
 } // namespace
 
 struct GiFont::Face {
@@ -89,6 +101,7 @@ GiGlyph GiFont::read(wchar_t character) const {
     const FT_Outline_Funcs funcs{OutlineReader::moveTo, OutlineReader::lineTo, OutlineReader::conicTo,
                                  OutlineReader::cubicTo, 0, 0};
     FT_Outline_Decompose(&slot->outline, &funcs, &reader);
+    boundControls(glyph);
     return glyph;
 }
 

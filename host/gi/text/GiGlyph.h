@@ -17,5 +17,6 @@ struct GiGlyphContour {
 };
 struct GiGlyph {
     std::vector<GiGlyphContour> contours;
+    AcGePoint2d low, high; // a box that holds all curves with their control points
     double advance = 0.0;
 };

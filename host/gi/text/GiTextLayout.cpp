@@ -77,6 +77,27 @@ int fillControls(const GiGlyphPlace& place, const AcGePoint3d& from, const GiGly
     return s.degree;
 }
 
+// A curve lies in the hull of its control points, so a glyph whose box lies within adds nothing;
+// that spares all but the outermost letters of a text.
+bool holdsAll(const AcDbExtents& box, const GiPlacedGlyph& placed) {
+    const AcGePoint2d low = placed.glyph->low, high = placed.glyph->high;
+    return box.isValid() && holds(box, placed.place(low)) && holds(box, placed.place(high)) &&
+           holds(box, placed.place({low.x, high.y})) && holds(box, placed.place({high.x, low.y}));
+}
+
+void addGlyphExtents(const GiPlacedGlyph& placed, AcDbExtents& extents) {
+    AcGePoint3d p[4];
+    for (const GiGlyphContour& contour : placed.glyph->contours) {
+        AcGePoint3d from = placed.place(contour.start);
+        extents.addPoint(from);
+        for (const GiGlyphSegment& segment : contour.segments) {
+            const int degree = fillControls(placed.place, from, segment, p);
+            addCurve(p, degree, extents);
+            from = p[degree];
+        }
+    }
+}
+
 // Chords so that none is farther from its curve than the deviation: a quadratic curve of
 // second difference d strays d/4 from its chord, a quarter of that for each halving.
 int chordCount(const AcGePoint3d* p, int degree, double deviation) {
@@ -119,17 +140,10 @@ GiTextLayout giLayText(const GiText& text, const AcGeMatrix3d& transform) {
 }
 
 void giAddTextExtents(const GiTextLayout& layout, AcDbExtents& extents) {
-    AcGePoint3d p[4];
-    for (const GiPlacedGlyph& placed : layout.glyphs)
-        for (const GiGlyphContour& contour : placed.glyph->contours) {
-            AcGePoint3d from = placed.place(contour.start);
-            extents.addPoint(from);
-            for (const GiGlyphSegment& segment : contour.segments) {
-                const int degree = fillControls(placed.place, from, segment, p);
-                addCurve(p, degree, extents);
-                from = p[degree];
-            }
-        }
+    // The last letter first: it and the first one commonly reach farthest.
+    for (auto glyph = layout.glyphs.rbegin(); glyph != layout.glyphs.rend(); ++glyph)
+        if (!holdsAll(extents, *glyph))
+            addGlyphExtents(*glyph, extents);
 }
 
 void giFlattenGlyph(const GiPlacedGlyph& placed, double deviation, AcGiFillLoops& loops) {
