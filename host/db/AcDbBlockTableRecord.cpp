@@ -109,23 +109,6 @@ Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator
     return Acad::eOk;
 }
 
-bool AcDbBlockTableRecord::subWorldDraw(AcGiWorldDraw* worldDraw) {
-    const AcRxClass* const attributeDefinition = AcDbAttributeDefinition::desc();
-    for (int i = 0; i < mEntities.length(); ++i) {
-        AcDbObjectPointer<AcDbEntity> entity(mEntities[i]);
-        if (!entity || entity->isKindOf(attributeDefinition) || entity->visibility() == AcDb::kInvisible)
-            continue;
-        if (worldDraw->geometry().draw(entity.object()))
-            return false;
-    }
-    return true;
-}
-Acad::ErrorStatus AcDbBlockTableRecord::getGeomExtents(AcDbExtents& extents) const {
-    assertReadEnabled();
-    extents = giExtentsOf(const_cast<AcDbBlockTableRecord&>(*this));
-    return extents.isValid() ? Acad::eOk : Acad::eInvalidExtents;
-}
-
 Acad::ErrorStatus AcDbBlockTableRecord::subErase(bool erasing) {
     if (isLayout())
         return Acad::eNotApplicable;

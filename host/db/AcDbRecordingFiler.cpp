@@ -28,7 +28,6 @@ std::wstring text(bool value) { return value ? L"true" : L"false"; }
 std::wstring text(Adesk::Int8 value) { return text(static_cast<int>(value)); }
 std::wstring text(Adesk::UInt8 value) { return text(static_cast<int>(value)); }
 std::wstring text(AcDbHandle value) { return value.text(); }
-std::wstring text(const AcDbObjectId& value) { return value.handle().text(); }
 std::wstring text(const AcGePoint2d& p) { return text(p.x) + L' ' + text(p.y); }
 std::wstring text(const AcGeVector2d& p) { return text(p.x) + L' ' + text(p.y); }
 std::wstring text(const AcGePoint3d& p) { return text(p.x) + L' ' + text(p.y) + L' ' + text(p.z); }
