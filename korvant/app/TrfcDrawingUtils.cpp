@@ -3,7 +3,7 @@
 
 #include "AcEdAds.h"
 #include "AcUtText.h"
-#include "AfxMessageBox.h"
+#include "AfxApp.h"
 
 namespace {
 

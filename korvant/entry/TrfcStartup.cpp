@@ -1,0 +1,71 @@
+// The settings files at start, with the windows that tell what is wrong with them.
+#include "TrfcStartup.h"
+
+#include "AfxApp.h"
+#include "CErrorDlg.h"
+#include "CFileDialog.h"
+#include "Resource.h"
+#include "TrfcAppSettings.h"
+#include "TrfcResources.h"
+
+using namespace TrfcAppSettings;
+
+namespace {
+
+constexpr const ACHAR* kSettingsName = L"settings.ini";
+constexpr const ACHAR* kDefaultsName = L"defaults.ini";
+
+std::wstring defaultsBeside(std::wstring settingsPath) {
+    const std::size_t at = settingsPath.find(kSettingsName);
+    return at == std::wstring::npos ? settingsPath : settingsPath.replace(at, std::wstring(kSettingsName).size(), kDefaultsName);
+}
+
+void showError(const std::wstring& text) {
+    CErrorDlg dialog(text.c_str());
+    dialog.DoModal();
+}
+
+// False when the user gave up.
+bool askDefaultsPath(std::wstring& path) {
+    CFileDialog dialog(TRUE, L"ini", path.c_str(), OFN_HIDEREADONLY, L"INI files (*.ini)|*.ini||");
+    if (dialog.DoModal() != IDOK)
+        return false;
+    path = static_cast<LPCTSTR>(dialog.GetPathName());
+    return true;
+}
+
+} // namespace
+
+void registerModuleResources() {
+    AfxSetResourceText(korvantResourceScript(), korvantResourceScriptSize());
+}
+
+bool loadSettingsAtStart() {
+    const std::wstring path = settingsFilePath();
+    if (loadAppSettings(path))
+        return true;
+    CString text;
+    text.Format(AfxResourceString(IDS_SETTINGS_LOAD_ERROR).c_str(), path.c_str());
+    showError(static_cast<LPCTSTR>(text));
+    return false;
+}
+
+bool loadDefaultsAtStart() {
+    std::wstring path = getAppString(DEFAULTS_INI_PATH);
+    bool changed = path.empty();
+    if (changed)
+        path = defaultsBeside(settingsFilePath());
+    if (!loadDocDefaults(path)) {
+        showError(AfxResourceString(IDS_DEFAULTS_LOAD_ERROR));
+        changed = true;
+        do {
+            if (!askDefaultsPath(path))
+                return false;
+        } while (!loadDocDefaults(path));
+    }
+    if (changed) {
+        setAppString(DEFAULTS_INI_PATH, path);
+        saveAppSettings(settingsFilePath());
+    }
+    return true;
+}
