@@ -6,7 +6,7 @@
 #include "AcEdAds.h"
 #include "AcUtText.h"
 #include "TrfcAppSettings.h"
-#include "TrfcHelp.h"
+#include "showHelpTopic.h"
 #include "TrfcPost.h"
 #include "TrfcPostDialogs.h"
 #include "TrfcPostJig.h"

@@ -45,7 +45,7 @@ bool loadSettingsAtStart() {
     if (loadAppSettings(path))
         return true;
     CString text;
-    text.Format(AfxResourceString(IDS_SETTINGS_LOAD_ERROR).c_str(), path.c_str());
+    text.Format(AfxResourceString(IDS_SETTINGS_FAULT).c_str(), path.c_str());
     showError(static_cast<LPCTSTR>(text));
     return false;
 }
@@ -56,7 +56,7 @@ bool loadDefaultsAtStart() {
     if (changed)
         path = defaultsBeside(settingsFilePath());
     if (!loadDocDefaults(path)) {
-        showError(AfxResourceString(IDS_DEFAULTS_LOAD_ERROR));
+        showError(AfxResourceString(IDS_DEFAULTS_FAULT));
         changed = true;
         do {
             if (!askDefaultsPath(path))
