@@ -1,0 +1,197 @@
+#include "CGsPreviewCtrl.h"
+
+#include "TrfcBlock.h"
+#include "TrfcBlockChain.h"
+#include "TrfcBlockLoader.h"
+
+namespace {
+// What is shown keeps this much room about it.
+constexpr double kBorderFactor = 1.2;
+
+// Exploded copies, released at the end.
+struct Copies {
+    AcDbVoidPtrArray entities;
+    explicit Copies(const AcDbEntity& entity) { entity.explode(entities); }
+    Copies(const Copies&) = delete;
+    Copies& operator=(const Copies&) = delete;
+    ~Copies() {
+        for (void* const copy : entities)
+            delete static_cast<AcDbEntity*>(copy);
+    }
+};
+} // namespace
+
+CGsPreviewCtrl::CGsPreviewCtrl() : mBackground(0, 0, 0), mHighlight(255, 140, 0), mHover(30, 80, 100) {}
+CGsPreviewCtrl::~CGsPreviewCtrl() = default;
+
+void CGsPreviewCtrl::init(const AcGeVector3d& up) {
+    setBackground(RGB(mBackground.red(), mBackground.green(), mBackground.blue()));
+    const double turn = up.isZeroLength() ? 0.0 : up.angleTo(AcGeVector3d::kYAxis, AcGeVector3d::kZAxis);
+    mToView = AcGeMatrix3d::rotation(turn, AcGeVector3d::kZAxis);
+    mPlaceholder = std::make_unique<AcDbBlockReference>(AcGePoint3d::kOrigin, builtInBlockId(kBlockSelect));
+    showPlaceholder();
+}
+
+void CGsPreviewCtrl::showPlaceholder() {
+    mFit = Fit::kExtents;
+    AcArray<AcDbEntity*> drawables;
+    if (mPlaceholder != nullptr && !mPlaceholder->blockTableRecord().isNull())
+        drawables.append(mPlaceholder.get());
+    show(std::move(drawables), {});
+}
+
+void CGsPreviewCtrl::setBlockId(AcDbObjectId block) {
+    if (mPlaceholder == nullptr)
+        return;
+    mPlaceholder->setBlockTableRecord(block);
+    showPlaceholder();
+}
+
+void CGsPreviewCtrl::showBlock(TrfcBlock* block) {
+    AcArray<TrfcBlock*> blocks;
+    if (block != nullptr)
+        blocks.append(block);
+    showList(blocks);
+}
+
+void CGsPreviewCtrl::showChain(TrfcBlockChain& chain) {
+    AcArray<TrfcBlock*> blocks;
+    for (int i = 0; i < chain.size(); ++i)
+        blocks.append(chain.getAt(i));
+    showList(blocks);
+}
+
+void CGsPreviewCtrl::showList(const AcArray<TrfcBlock*>& blocks) {
+    if (blocks.isEmpty()) {
+        showPlaceholder();
+        return;
+    }
+    mFit = Fit::kExtents;
+    AcArray<AcDbEntity*> drawables;
+    for (TrfcBlock* const block : blocks)
+        drawables.append(block);
+    show(std::move(drawables), blocks);
+}
+
+void CGsPreviewCtrl::showEntity(AcDbEntity* entity) {
+    AcArray<AcDbEntity*> drawables;
+    drawables.append(entity);
+    show(std::move(drawables), {});
+}
+
+void CGsPreviewCtrl::clear() {
+    mDrawables.removeAll();
+    mBlocks.removeAll();
+    mHovered = mSelected = -1;
+}
+
+void CGsPreviewCtrl::show(AcArray<AcDbEntity*> drawables, AcArray<TrfcBlock*> blocks) {
+    clear();
+    mDrawables = std::move(drawables);
+    mBlocks = std::move(blocks);
+    rebuild();
+    applyView();
+}
+
+void CGsPreviewCtrl::rebuild() {
+    GiDisplayListBuilder builder;
+    AcGiGeometry& geometry = builder.worldDraw().geometry();
+    geometry.pushModelTransform(mToView);
+    for (int i = 0; i < mDrawables.length(); ++i)
+        if (i == mHovered)
+            drawHovered(builder, *mDrawables[i]);
+        else
+            geometry.draw(mDrawables[i]);
+    if (mSelected >= 0 && mSelected < mBlocks.length())
+        drawFrame(builder, *mBlocks[mSelected]);
+    geometry.popModelTransform();
+    setDisplayList(std::make_shared<const GiDisplayList>(builder.take()));
+}
+
+// Copies in one colour, so that by-layer and own colours of a library symbol light up as well.
+void CGsPreviewCtrl::drawHovered(GiDisplayListBuilder& builder, const AcDbEntity& entity) const {
+    const Copies copies(entity);
+    for (void* const pointer : copies.entities) {
+        auto* const copy = static_cast<AcDbEntity*>(pointer);
+        copy->setColor(mHover);
+        copy->setLineWeight(AcDb::kLnWt000);
+        builder.worldDraw().geometry().draw(copy);
+    }
+}
+
+void CGsPreviewCtrl::drawFrame(GiDisplayListBuilder& builder, const TrfcBlock& block) const {
+    AcGePoint3dArray corners;
+    block.getBoundingBox(corners);
+    corners.append(AcGePoint3d(corners.first()));
+    builder.worldDraw().subEntityTraits().setTrueColor(mHighlight);
+    builder.worldDraw().geometry().polyline(static_cast<Adesk::UInt32>(corners.length()), corners.asArrayPtr());
+}
+
+void CGsPreviewCtrl::zoomExtents() {
+    mFit = Fit::kExtents;
+    applyView();
+}
+
+void CGsPreviewCtrl::zoomAbout(const AcGePoint3d& center, double height) {
+    mFit = Fit::kCenter;
+    mCenter = center;
+    mHeight = height;
+    applyView();
+}
+
+void CGsPreviewCtrl::applyView() {
+    if (mFit == Fit::kExtents) {
+        CDisplayListCtrl::zoomExtents(kBorderFactor);
+        return;
+    }
+    CRect client;
+    GetClientRect(client);
+    const AcGePoint3d center = mToView * mCenter;
+    const double halfHeight = mHeight / 2.0;
+    const double halfWidth = client.Height() > 0 ? halfHeight * client.Width() / client.Height() : halfHeight;
+    setView({center.x - halfWidth, center.y - halfHeight}, {center.x + halfWidth, center.y + halfHeight});
+}
+
+// A view about a point keeps its height; the control alone would only keep its rectangle in sight.
+void CGsPreviewCtrl::onViewResized() { applyView(); }
+
+void CGsPreviewCtrl::setSelected(int index) {
+    if (index == mSelected)
+        return;
+    mSelected = index;
+    rebuild();
+}
+
+void CGsPreviewCtrl::setHovered(int index) {
+    if (index == mHovered)
+        return;
+    mHovered = index;
+    rebuild();
+}
+
+AcGePoint3d CGsPreviewCtrl::fromView(const AcGePoint2d& point) const {
+    return mToView.inverse() * AcGePoint3d(point.x, point.y, 0.0);
+}
+
+int CGsPreviewCtrl::blockAt(const AcGePoint3d& point) const {
+    int hit = -1;
+    for (int i = 0; i < mBlocks.length(); ++i) {
+        AcGePoint3dArray corners;
+        mBlocks[i]->getBoundingBox(corners);
+        if (giPointInLoops(point, {{corners.begin(), corners.end()}}))
+            hit = i;
+    }
+    return hit;
+}
+
+void CGsPreviewCtrl::onModelMove(const AcGePoint2d& point) {
+    if (!mBlocks.isEmpty())
+        setHovered(blockAt(fromView(point)));
+}
+
+void CGsPreviewCtrl::onModelLeave() { setHovered(-1); }
+
+void CGsPreviewCtrl::onModelClick(const AcGePoint2d& point) {
+    if (!mBlocks.isEmpty() && onPick)
+        onPick(blockAt(fromView(point)));
+}
