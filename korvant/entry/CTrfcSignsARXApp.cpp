@@ -69,11 +69,3 @@ AcRx::AppRetCode CTrfcSignsARXApp::On_kUnloadAppMsg(void*) {
         deleteAcRxClass(type);
     return AcRx::kRetOK;
 }
-
-extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode code, void* packet) {
-    return acrxDispatchMessage(*trfcApp(), code, packet);
-}
-
-extern "C" int acrxGetApiVersion() {
-    return kAcrxApiVersion;
-}

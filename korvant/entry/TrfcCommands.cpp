@@ -76,7 +76,7 @@ bool askCrossingType() {
 void placePost() {
     beginTrusted();
     TrfcPostJig jig;
-    jig.run(new TrfcPost);
+    jig.run(std::make_unique<TrfcPost>());
 }
 void scaleOff() {
     scaleTrackingEnabled = false;
@@ -144,7 +144,7 @@ void openProperties() {
         return;
     if (object->isKindOf(TrfcPost::desc())) {
         auto* post = static_cast<TrfcPost*>(object);
-        post->editProperties(0);
+        post->editProperties(kPostPageGeneral);
         post->recordGraphicsModified(true);
     }
     object->close();

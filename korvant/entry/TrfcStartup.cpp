@@ -6,9 +6,12 @@
 #include "CFileDialog.h"
 #include "Resource.h"
 #include "TrfcAppSettings.h"
-#include "TrfcResources.h"
 
 using namespace TrfcAppSettings;
+
+// korvant.rc, embedded at build time.
+extern const char* const korvant_rc;
+extern const std::size_t korvant_rc_size;
 
 namespace {
 
@@ -37,7 +40,7 @@ bool askDefaultsPath(std::wstring& path) {
 } // namespace
 
 void registerModuleResources() {
-    AfxSetResourceText(korvantResourceScript(), korvantResourceScriptSize());
+    AfxSetResourceText(korvant_rc, korvant_rc_size);
 }
 
 bool loadSettingsAtStart() {
