@@ -7,6 +7,7 @@
 #include "AcUtText.h"
 #include "TrfcAppSettings.h"
 #include "showHelpTopic.h"
+#include "TrfcBlockJig.h"
 #include "TrfcPost.h"
 #include "TrfcPostDialogs.h"
 #include "TrfcPostJig.h"
@@ -131,7 +132,8 @@ void checkSigns() {
 }
 void placeMarking() {
     beginTrusted();
-    printNotBuilt(L"KVBLOKK");
+    TrfcBlockJig jig;
+    jig.run(std::make_unique<TrfcBlockEnt>());
 }
 void importDatabase() {
     beginTracking();
@@ -146,6 +148,10 @@ void openProperties() {
         auto* post = static_cast<TrfcPost*>(object);
         post->editProperties(kPostPageGeneral);
         post->recordGraphicsModified(true);
+    } else if (object->isKindOf(TrfcBlockEnt::desc())) {
+        auto* marking = static_cast<TrfcBlockEnt*>(object);
+        marking->editProperties();
+        marking->recordGraphicsModified(true);
     }
     object->close();
 }
