@@ -33,6 +33,10 @@ CTrfcSignsARXApp* trfcApp() {
     return &app;
 }
 
+std::span<const AcRxClassRow> trfcClassRows() {
+    return kClassRows;
+}
+
 AcRxTables CTrfcSignsARXApp::tables() const {
     return {kClassRows, std::size(kClassRows), kCommandRows, kCommandCount};
 }
