@@ -6,6 +6,8 @@
 #include "OsnapMath.h"
 #include "SplineMath.h"
 
+#include <algorithm>
+
 HOST_RX_DEFINE(AcDbSpline, AcDbCurve, L"SPLINE")
 DB_FILE_FIELDS(AcDbSpline, AcDbCurve);
 
@@ -26,9 +28,21 @@ std::vector<AcGePoint3d> AcDbSpline::sample(double deviation) const {
     return dbSampleNurbs({mDegree, mKnots, mControl, mRational ? mWeights : kNone}, deviation);
 }
 
+namespace {
+// A measured curve is sampled finer than a drawn one: its chords fall short of it.
+double deviationFor(const AcGiWorldDraw& worldDraw, const std::vector<AcGePoint3d>& points) {
+    if (worldDraw.regenType() != kAcGiForExtents || points.empty())
+        return worldDraw.deviation();
+    double size = 0.0;
+    for (const AcGePoint3d& p : points)
+        size = std::max(size, p.distanceTo(points.front()));
+    return std::max(size * 1e-7, 1e-12);
+}
+} // namespace
+
 bool AcDbSpline::subWorldDraw(AcGiWorldDraw* worldDraw) {
     assertReadEnabled();
-    const std::vector<AcGePoint3d> points = sample(worldDraw->deviation());
+    const std::vector<AcGePoint3d> points = sample(deviationFor(*worldDraw, mControl.empty() ? mFit : mControl));
     return points.size() < 2 ||
            !worldDraw->geometry().polyline(static_cast<Adesk::UInt32>(points.size()), points.data());
 }

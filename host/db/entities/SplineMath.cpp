@@ -54,11 +54,15 @@ private:
     std::vector<AcGePoint3d> mPoints;
 };
 
-double defaultDeviation(const std::vector<AcGePoint3d>& points) {
-    AcDbExtents box;
+// The same however the curve is turned.
+double sizeOf(const std::vector<AcGePoint3d>& points) {
+    double farthest = 0.0;
     for (const AcGePoint3d& p : points)
-        box.addPoint(p);
-    return box.isValid() ? std::max(box.minPoint().distanceTo(box.maxPoint()) / 1000.0, 1e-12) : 1.0;
+        farthest = std::max(farthest, p.distanceTo(points.front()));
+    return farthest;
+}
+double usableDeviation(double asked, const std::vector<AcGePoint3d>& points) {
+    return asked > 0.0 ? asked : std::max(sizeOf(points) / 1000.0, 1e-12);
 }
 } // namespace
 
@@ -99,7 +103,7 @@ std::vector<AcGePoint3d> dbSampleNurbs(const DbNurbs& curve, double deviation) {
     if (!curve.isValid())
         return {};
     const std::function<AcGePoint3d(double)> at = [&](double t) { return curve.at(t); };
-    Sampler sampler(at, deviation > 0.0 ? deviation : defaultDeviation(curve.control));
+    Sampler sampler(at, usableDeviation(deviation, curve.control));
     for (auto i = static_cast<std::size_t>(curve.degree); i < curve.control.size(); ++i)
         if (curve.knots[i] < curve.knots[i + 1]) // a knot may break the curve's smoothness: chords end there
             sampler.stretch(curve.knots[i], curve.knots[i + 1]);
@@ -164,7 +168,7 @@ std::vector<AcGePoint3d> dbSampleFit(const std::vector<AcGePoint3d>& points, con
         return through[i] + chord * (3.0 * t2 - 2.0 * t3) + tangents[i] * (h * (t3 - 2.0 * t2 + t)) +
                tangents[i + 1] * (h * (t3 - t2));
     };
-    Sampler sampler(at, deviation > 0.0 ? deviation : defaultDeviation(through));
+    Sampler sampler(at, usableDeviation(deviation, through));
     for (; i + 1 < through.size(); ++i)
         sampler.stretch(0.0, 1.0);
     return sampler.take();

@@ -168,8 +168,8 @@ std::vector<EntitySample> entitySamples() {
         {L"AcDbPolyline", bentPolyline, true, false},
         {L"AcDbPolyline", widePolyline, true, false},
         {L"AcDbPolyline", plainPolyline},
-        {L"AcDbSpline", spline},
-        {L"AcDbSpline", fitSpline, true, false},
+        {L"AcDbSpline", spline, true, true, 1e-5}, // sampled
+        {L"AcDbSpline", fitSpline, true, false, 1e-5},
         {L"AcDbHatch", solidHatch},
         {L"AcDbHatch", patternHatch},
     };

@@ -11,5 +11,6 @@ struct EntitySample {
     std::function<std::unique_ptr<AcDbEntity>()> make;
     bool mirrors = true;        // a mirrored one looks like the mirror's picture
     bool takesUnequal = true;   // takes a scale that differs by axis
+    double tolerance = 1e-8;    // of its measured extents
 };
 std::vector<EntitySample> entitySamples();

@@ -18,12 +18,12 @@ protected:
     std::unique_ptr<AcDbEntity> entity = sample.make();
 
     // True when the entity under the matrix shows what the matrix makes of its picture.
-    testing::AssertionResult follows(const AcGeMatrix3d& matrix, double tolerance = 1e-8) {
+    testing::AssertionResult follows(const AcGeMatrix3d& matrix) {
         const std::unique_ptr<AcDbEntity> image = cloned(*entity);
         const Acad::ErrorStatus es = image->transformBy(matrix);
         if (es != Acad::eOk)
             return testing::AssertionFailure() << acToUtf8(acadErrorStatusText(es));
-        return looksAlike(*image, {}, *entity, matrix, tolerance);
+        return looksAlike(*image, {}, *entity, matrix, sample.tolerance);
     }
 };
 
@@ -97,7 +97,7 @@ TEST_P(EveryEntity, is_mirrored_with_its_picture) {
 TEST_P(EveryEntity, takes_an_unequal_scale_with_its_picture_or_refuses_it_unchanged) {
     const AcGeMatrix3d unequal = AcGeMatrix3d::scaling(AcGeScale3d(2.0, 0.5, 1.5), {1, 1, 0});
     if (sample.takesUnequal) {
-        EXPECT_TRUE(follows(unequal, 1e-7));
+        EXPECT_TRUE(follows(unequal));
         return;
     }
     const std::vector<std::wstring> before = filed(*entity);
