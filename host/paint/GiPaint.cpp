@@ -21,7 +21,11 @@ public:
         mLine.clear();
         for (const AcGePoint3d& p : points)
             mLine.emplace_back(mView.toX(p.x), mView.toY(p.y));
-        if (!isPatternVisible(style) || !giCutDashes(mLine, closed, mPattern, [&](const auto& piece) { strokeLine(piece, false); }))
+        const auto strokeDash = [&](const std::vector<AcGePoint2d>& piece) {
+            if (isInView(piece))
+                strokeLine(piece, false);
+        };
+        if (!isPatternVisible(style) || !giCutDashes(mLine, closed, mPattern, strokeDash))
             strokeLine(mLine, closed);
     }
     void fill(const AcGiFillLoops& loops, const GiStyle& style) override {
@@ -66,6 +70,16 @@ private:
             period += std::abs(mPattern.back());
         }
         return period >= kLeastPattern;
+    }
+    // A line may run far beyond the view, and its dashes would fill a file that shows none of them.
+    bool isInView(const std::vector<AcGePoint2d>& piece) const {
+        double left = piece.front().x, right = left, top = piece.front().y, bottom = top;
+        for (const AcGePoint2d& p : piece) {
+            left = std::min(left, p.x), right = std::max(right, p.x);
+            top = std::min(top, p.y), bottom = std::max(bottom, p.y);
+        }
+        return right >= mView.left - mWidth && left <= mView.right + mWidth && bottom >= mView.top - mWidth &&
+               top <= mView.bottom + mWidth;
     }
     void strokeLine(const std::vector<AcGePoint2d>& line, bool closed) {
         mPolygon.clear();
@@ -112,8 +126,10 @@ GiPaintView giFitView(const AcGePoint2d& lower, const AcGePoint2d& upper, double
     view.center = {(lower.x + upper.x) / 2.0, (lower.y + upper.y) / 2.0};
     view.centerX = left + width / 2.0;
     view.centerY = top + height / 2.0;
-    const double across = std::max(upper.x - lower.x, kLeastFit), up = std::max(upper.y - lower.y, kLeastFit);
-    view.pixelsPerUnit = std::min(width / across, height / up);
+    const double across = upper.x - lower.x, up = upper.y - lower.y;
+    view.pixelsPerUnit = std::min(width / std::max(across, kLeastFit), height / std::max(up, kLeastFit));
+    if (across < kLeastFit && up < kLeastFit) // a single point: one unit about it
+        view.pixelsPerUnit = std::min(width, height);
     view.left = left, view.top = top, view.right = left + width, view.bottom = top + height;
     return view;
 }

@@ -104,6 +104,29 @@ TEST(Bitmap, a_dashed_line_has_its_gaps) {
         changes += (bitmap.at(x, 50) == 0xFFFFFFFFu) != (bitmap.at(x - 1, 50) == 0xFFFFFFFFu) ? 1 : 0;
     EXPECT_EQ(changes, 20); // ten gaps, each with two ends
 }
+TEST(Bitmap, lines_and_areas_that_run_far_beyond_the_view_are_in_place) {
+    for (const double far : {1.0e3, 1.0e5, 1.0e8}) {
+        const GiDisplayList list = listOf([&](AcGiWorldDraw& wd) {
+            wd.subEntityTraits().setColor(1);
+            drawRing(wd, -far, -far, far, 2, true);
+            wd.subEntityTraits().setColor(3);
+            drawLine(wd, {-far, -far + 5, 0}, {far, far + 5, 0});
+        });
+        const GiBitmap bitmap = giRenderBitmap(list, TestResolver(), {{0, 0}, {10, 10}}, 100, 100, 0);
+        EXPECT_EQ(bitmap.at(50, 85), 0xFFFF0000u) << far;
+        EXPECT_EQ(bitmap.at(50, 70), 0xFF000000u) << far;
+        EXPECT_GT((bitmap.at(20, 29) >> 8 & 0xFF) + (bitmap.at(20, 30) >> 8 & 0xFF), 200u) << far;
+    }
+}
+TEST(Bitmap, a_window_without_size_shows_a_unit_about_its_point) {
+    const GiDisplayList list = listOf([](AcGiWorldDraw& wd) {
+        wd.subEntityTraits().setColor(1);
+        drawRing(wd, 4.75, 4.75, 5.25, 5.25, true);
+    });
+    const GiBitmap bitmap = giRenderBitmap(list, TestResolver(), {{5, 5}, {5, 5}}, 100, 100, 0);
+    EXPECT_EQ(bitmap.at(30, 30), 0xFFFF0000u);
+    EXPECT_EQ(bitmap.at(20, 20), 0xFF000000u);
+}
 TEST(Bitmap, of_no_size_is_empty) {
     EXPECT_TRUE(giRenderBitmap(planList(), TestResolver(), kPlan, 0, 10, 0).pixels.empty());
     EXPECT_TRUE(giThumbnailDib(planList(), TestResolver(), kPlan, 10, -1).empty());
@@ -174,6 +197,17 @@ TEST(Plot, what_lies_outside_the_window_is_cut_off) {
     EXPECT_EQ(image.pixel(500, 250), 0xFFFF0000u);
     EXPECT_EQ(image.pixel(350, 250), 0xFFFFFFFFu);
     EXPECT_EQ(image.pixel(20, 20), 0xFFFFFFFFu);
+}
+TEST(Plot, dashes_beyond_the_sheet_stay_out_of_the_file) {
+    const auto sizeWith = [](double far) {
+        const GiDisplayList list = listOf([&](AcGiWorldDraw& wd) {
+            wd.subEntityTraits().setLineType(kDashed);
+            drawLine(wd, {-far, 5, 0}, {far, 5, 0});
+        });
+        return fileText(plotTo(L"dashes.svg", list, {}, {{0, 0}, {100, 60}})).size();
+    };
+    EXPECT_GT(sizeWith(100.0), 2000u);
+    EXPECT_NEAR(static_cast<double>(sizeWith(10000.0)), static_cast<double>(sizeWith(100.0)), 1000.0);
 }
 TEST(Plot, layers_not_plottable_are_left_out) {
     const GiDisplayList list = listOf([](AcGiWorldDraw& wd) {
