@@ -184,14 +184,16 @@ int CGsPreviewCtrl::blockAt(const AcGePoint3d& point) const {
     return hit;
 }
 
-void CGsPreviewCtrl::onModelMove(const AcGePoint2d& point) {
+void CGsPreviewCtrl::moveTo(const AcGePoint3d& point) {
     if (!mBlocks.isEmpty())
-        setHovered(blockAt(fromView(point)));
+        setHovered(blockAt(point));
 }
 
-void CGsPreviewCtrl::onModelLeave() { setHovered(-1); }
-
-void CGsPreviewCtrl::onModelClick(const AcGePoint2d& point) {
+void CGsPreviewCtrl::clickAt(const AcGePoint3d& point) {
     if (!mBlocks.isEmpty() && onPick)
-        onPick(blockAt(fromView(point)));
+        onPick(blockAt(point));
 }
+
+void CGsPreviewCtrl::onModelMove(const AcGePoint2d& point) { moveTo(fromView(point)); }
+void CGsPreviewCtrl::onModelClick(const AcGePoint2d& point) { clickAt(fromView(point)); }
+void CGsPreviewCtrl::onModelLeave() { setHovered(-1); }

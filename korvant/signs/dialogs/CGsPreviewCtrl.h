@@ -43,6 +43,9 @@ public:
     int blockAt(const AcGePoint3d& point) const;
     // A click on a block, or (-1) beside all of them.
     std::function<void(int)> onPick;
+    // What the mouse does, at a point of the drawing.
+    void moveTo(const AcGePoint3d& point);
+    void clickAt(const AcGePoint3d& point);
 
     AcCmColor highlightColor() const { return mHighlight; }
     AcCmColor hoverColor() const { return mHover; }

@@ -1,0 +1,344 @@
+#include "PostDialogTest.h"
+
+#include "TrfcDocSettings.h"
+
+#include <filesystem>
+
+namespace {
+using Titles = std::vector<std::wstring>;
+constexpr int kTables = 1;
+
+class ChainPage : public PostDialog {
+protected:
+    // "Új tábla" with the choice of a sign by folder and title.
+    void addsTable(const std::wstring& folder, const std::wstring& title) {
+        user.does(L"@click 232").does(L"@select 300 \"" + folder + L"\"").does(L"@select 301 \"" + title + L"\"").does(L"@ok");
+    }
+};
+} // namespace
+
+TEST_F(ChainPage, without_a_selection_every_control_that_needs_a_block_is_disabled) {
+    addTable(L"Jelzés\\A-010.dwg");
+    user.sees([&] {
+        for (const int id : {IDC_CHAIN_UP, IDC_CHAIN_DOWN, IDC_CHAIN_DELETE, IDC_TYPE_COMBO, IDC_UNIQUE_SCALE, IDC_COMPLEMENTARY, IDC_PATH_TREE, IDC_ATTRIBUTE_LIST})
+            EXPECT_FALSE(isEnabled(id)) << id;
+        for (const int id : {IDC_CHAIN_ADD_TABLE, IDC_CHAIN_ADD_LAMP, IDC_UNIQUE_TABLE})
+            EXPECT_TRUE(isEnabled(id)) << id;
+        EXPECT_EQ(selectedType(), CB_ERR);
+        EXPECT_EQ(textOf(IDC_UNIQUE_SCALE), L"");
+        EXPECT_EQ(pathTree(), L"");
+        EXPECT_EQ(grid().GetItemCount(), 0);
+    });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, a_click_on_a_plate_shows_its_properties) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    post->signChain().setBlockType(0, kBlockPlanned);
+    post->signChain().setBlockUniqueScale(0, 1.5);
+    user.sees([&] {
+        clickBlock(0);
+        EXPECT_EQ(chainPage().selectedIndex(), 0);
+        EXPECT_EQ(pathTree(), L"Jelzés/B-020.dwg");
+        EXPECT_EQ(selectedType(), 1);
+        EXPECT_EQ(textOf(IDC_UNIQUE_SCALE), L"1.500");
+        EXPECT_EQ(gridValue(L"FELIRAT"), L"-");
+        EXPECT_EQ(gridValue(L"Fólia"), L"I.");
+        EXPECT_TRUE(isEnabled(IDC_COMPLEMENTARY));
+        EXPECT_FALSE(isChecked(IDC_COMPLEMENTARY));
+        EXPECT_EQ(preview().selected(), 0);
+    });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, a_click_beside_the_plates_takes_the_selection_away) {
+    addTable(L"Jelzés\\B-020.dwg");
+    user.sees([&] {
+        clickBlock(0);
+        preview().clickAt({-1000.0, 0.0, 0.0});
+        EXPECT_EQ(chainPage().selectedIndex(), -1);
+        EXPECT_FALSE(isEnabled(IDC_CHAIN_DELETE));
+    });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, a_script_line_selects_a_plate_by_its_index) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 1");
+    user.sees([&] { EXPECT_EQ(chainPage().selectedIndex(), 1); });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, the_topmost_sign_cannot_be_made_complementary) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 1");
+    user.sees([&] {
+        EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY));
+        EXPECT_FALSE(isChecked(IDC_COMPLEMENTARY));
+    });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, the_check_box_makes_a_sign_complementary_to_the_one_above) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@check 237 on");
+    user.sees([&] { EXPECT_TRUE(isChecked(IDC_COMPLEMENTARY)); });
+    runPage(kTables);
+    EXPECT_EQ(table(0).complIndex(), 1);
+    EXPECT_FALSE(table(1).isComplementary());
+}
+
+TEST_F(ChainPage, the_check_box_makes_a_complementary_sign_a_main_one_again) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@check 237 on").does(L"@check 237 off");
+    runPage(kTables);
+    EXPECT_FALSE(table(0).isComplementary());
+}
+
+TEST_F(ChainPage, up_and_down_move_the_selected_sign_and_the_selection_with_it) {
+    addTable(L"Jelzés\\C-030.dwg");
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@click \"Fel\"");
+    user.sees([&] {
+        EXPECT_EQ(tables(), (Titles{L"B-020", L"C-030", L"A-010"}));
+        EXPECT_EQ(chainPage().selectedIndex(), 1);
+        EXPECT_EQ(pathTree(), L"Jelzés/C-030.dwg");
+        EXPECT_EQ(preview().selected(), 1);
+    });
+    user.does(L"@click \"Le\"");
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"C-030", L"B-020", L"A-010"}));
+}
+
+TEST_F(ChainPage, a_move_past_the_end_changes_nothing) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 1").does(L"@click 230");
+    user.sees([&] { EXPECT_EQ(chainPage().selectedIndex(), 1); });
+    user.does(L"@select 217 0").does(L"@click 231");
+    user.sees([&] { EXPECT_EQ(chainPage().selectedIndex(), 0); });
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"B-020", L"A-010"}));
+}
+
+TEST_F(ChainPage, a_new_sign_sinks_to_its_place_by_file_name) {
+    addTable(L"Jelzés\\D-040.dwg");
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    addsTable(L"Jelzés", L"C-030");
+    user.sees([&] {
+        EXPECT_EQ(chainPage().selectedIndex(), 1);
+        EXPECT_EQ(pathTree(), L"Jelzés/C-030.dwg");
+    });
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"D-040", L"C-030", L"B-020", L"A-010"}));
+    bool inOrder = false;
+    post->signChain().checkTableOrder(&inOrder);
+    EXPECT_TRUE(inOrder);
+}
+
+TEST_F(ChainPage, a_new_sign_stays_on_top_where_the_automatic_order_is_off) {
+    TrfcDocSettings::setDocInt(DOC_AUTO_ORDER_TABLES, 0);
+    addTable(L"Jelzés\\A-010.dwg");
+    addsTable(L"Jelzés", L"D-040");
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"A-010", L"D-040"}));
+}
+
+TEST_F(ChainPage, a_sign_of_the_supplementary_folder_lands_below_its_main_sign_and_complements_it) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    addsTable(L"Kiegészítő", L"H-001");
+    user.sees([&] { EXPECT_TRUE(isChecked(IDC_COMPLEMENTARY)); });
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"H-001", L"B-020", L"A-010"}));
+    EXPECT_EQ(table(0).complIndex(), 1);
+}
+
+TEST_F(ChainPage, a_supplementary_sign_alone_on_its_post_is_a_main_sign) {
+    addsTable(L"Kiegészítő", L"H-001");
+    user.sees([&] { EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY)); });
+    runPage(kTables);
+    EXPECT_FALSE(table(0).isComplementary());
+}
+
+TEST_F(ChainPage, an_empty_choice_adds_nothing) {
+    user.does(L"@click 232").does(L"@cancel").does(L"@click 234").does(L"@cancel");
+    runPage(kTables);
+    EXPECT_TRUE(tables().empty());
+}
+
+TEST_F(ChainPage, a_block_with_a_multiline_attribute_is_refused) {
+    addsTable(L"Jelzés", L"Többsoros");
+    runPage(kTables);
+    EXPECT_TRUE(tables().empty());
+    EXPECT_TRUE(hasLineWith(user.printed(), L"Többsoros attribútumdefiníciót tartalmazó blokkot nem lehet beszúrni!"));
+}
+
+TEST_F(ChainPage, a_new_lamp_is_the_last_block_and_selected) {
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@click \"Új lámpa\"").does(L"@select 300 \"Sárga\"").does(L"@select 301 0").does(L"@ok");
+    user.sees([&] {
+        EXPECT_EQ(chainPage().selectedIndex(), 1);
+        EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY));
+    });
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"A-010", L"Villogó"}));
+}
+
+TEST_F(ChainPage, deleting_the_last_block_selects_the_one_before) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 1").does(L"@click \"Törlés\"");
+    user.sees([&] {
+        EXPECT_EQ(chainPage().selectedIndex(), 0);
+        EXPECT_EQ(pathTree(), L"Jelzés/B-020.dwg");
+    });
+    user.does(L"@click 235");
+    user.sees([&] {
+        EXPECT_EQ(chainPage().selectedIndex(), -1);
+        EXPECT_FALSE(isEnabled(IDC_CHAIN_DELETE));
+        EXPECT_EQ(grid().GetItemCount(), 0);
+    });
+    runPage(kTables);
+    EXPECT_TRUE(tables().empty());
+}
+
+TEST_F(ChainPage, deleting_a_block_selects_the_one_that_takes_its_place) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@click 235");
+    user.sees([&] { EXPECT_EQ(pathTree(), L"Jelzés/A-010.dwg"); });
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"A-010"}));
+}
+
+TEST_F(ChainPage, the_state_of_the_selected_sign_follows_the_drop_down) {
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@select 212 \"Letakart\"");
+    runPage(kTables);
+    EXPECT_EQ(table(0).blockType(), kBlockCovered);
+    EXPECT_TRUE(table(0).hasOverlay());
+}
+
+TEST_F(ChainPage, the_scale_factor_follows_the_field) {
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@set 236 \"1,25\"");
+    runPage(kTables);
+    EXPECT_DOUBLE_EQ(table(0).uniqueScaleFactor(), 1.25);
+}
+
+TEST_F(ChainPage, a_scale_factor_of_zero_or_no_number_is_not_taken) {
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@set 236 \"0\"").does(L"@set 236 \"-2\"").does(L"@set 236 \"kettő\"");
+    runPage(kTables);
+    EXPECT_DOUBLE_EQ(table(0).uniqueScaleFactor(), 1.0);
+}
+
+TEST_F(ChainPage, the_grid_writes_attributes_and_parameters_at_once) {
+    addTable(L"Jelzés\\A-010.dwg");
+    user.does(L"@select 217 0").does(L"@cell 204 0 1 \"60\"").does(L"@cell 204 1 1 \"II.\"");
+    user.sees([&] {
+        EXPECT_STREQ(table(0).attributeAt(0)->textStringConst(), L"60");
+        EXPECT_STREQ(table(0).getUserParam(L"Fólia"), L"II.");
+    });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, what_is_being_typed_belongs_to_the_block_that_was_selected) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.sees([&] {
+        clickBlock(0);
+        grid().showCellEditor(0, 1);
+        grid().GetDlgItem(IDC_IN_PLACE)->SetWindowText(L"40");
+        clickBlock(1);
+    });
+    runPage(kTables);
+    EXPECT_STREQ(table(0).attributeAt(0)->textStringConst(), L"40");
+    EXPECT_STREQ(table(1).attributeAt(0)->textStringConst(), L"-");
+}
+
+TEST_F(ChainPage, ok_takes_what_is_still_being_typed) {
+    addTable(L"Jelzés\\B-020.dwg");
+    user.sees([&] {
+        clickBlock(0);
+        grid().showCellEditor(0, 1);
+        grid().GetDlgItem(IDC_IN_PLACE)->SetWindowText(L"40");
+    });
+    runPage(kTables);
+    EXPECT_STREQ(table(0).attributeAt(0)->textStringConst(), L"40");
+}
+
+// ---- individual signs
+TEST_F(ChainPage, an_individual_sign_lives_in_the_library_under_the_posts_coordinates) {
+    library.add(L"Ideiglenes\\saját.dwg", "box 2 1\n");
+    user.willChooseFile(library.path(L"Ideiglenes\\saját.dwg"));
+    user.does(L"@click \"Tallóz\"");
+    user.sees([&] { EXPECT_EQ(pathTree(), L"Egyedi/100.00_200.00_Korvant.dwg"); });
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"100.00_200.00_Korvant"}));
+    EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\100.00_200.00_Korvant.dwg"), "box 2 1\n");
+}
+
+TEST_F(ChainPage, the_same_individual_sign_twice_overwrites_the_library_file) {
+    library.add(L"Ideiglenes\\egy.dwg", "box 2 1\n");
+    library.add(L"Ideiglenes\\kettő.dwg", "box 3 1.5\n");
+    user.willChooseFile(library.path(L"Ideiglenes\\egy.dwg"));
+    user.willChooseFile(library.path(L"Ideiglenes\\kettő.dwg"));
+    user.does(L"@click 238").does(L"@click 238");
+    runPage(kTables);
+    EXPECT_EQ(post->signChain().size(), 2);
+    EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\100.00_200.00_Korvant.dwg"), "box 3 1.5\n");
+}
+
+TEST_F(ChainPage, a_cancelled_file_choice_adds_nothing) {
+    user.willChooseFile(L"");
+    user.does(L"@click 238");
+    runPage(kTables);
+    EXPECT_TRUE(tables().empty());
+}
+
+TEST_F(ChainPage, an_individual_sign_takes_its_place_by_file_name_too) {
+    addTable(L"Jelzés\\A-010.dwg");
+    library.add(L"Ideiglenes\\saját.dwg", "box 2 1\n");
+    user.willChooseFile(library.path(L"Ideiglenes\\saját.dwg"));
+    user.does(L"@click 238");
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"A-010", L"100.00_200.00_Korvant"})); // "Egyedi\..." comes before "Jelzés\..."
+}
+
+// ---- the mouse over the preview
+TEST_F(ChainPage, the_plate_under_the_mouse_lights_up) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    user.sees([&] {
+        preview().moveTo(post->signChain().getAt(1)->centroid());
+        EXPECT_EQ(preview().hovered(), 1);
+        preview().moveTo({-1000.0, 0.0, 0.0});
+        EXPECT_EQ(preview().hovered(), -1);
+    });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, where_outlines_overlap_the_later_block_is_under_the_mouse) {
+    addTable(L"Jelzés\\B-020.dwg");
+    addTable(L"Jelzés\\A-010.dwg");
+    post->signChain().getAt(1)->setPosition(post->signChain().getAt(0)->position());
+    user.sees([&] { EXPECT_EQ(preview().blockAt(post->signChain().getAt(0)->centroid()), 1); });
+    runPage(kTables);
+}
+
+TEST_F(ChainPage, an_empty_chain_has_nothing_under_the_mouse) {
+    user.sees([&] {
+        preview().moveTo(post->pointD());
+        EXPECT_EQ(preview().hovered(), -1);
+    });
+    runPage(kTables);
+}
