@@ -8,7 +8,7 @@ class TrfcPost;
 class CEditPostDlg : public CBlockPage {
 public:
     explicit CEditPostDlg(TrfcPost& post); // the copy that is edited
-    LPCTSTR helpTopic() const override { return L"Post_Properties.html"; }
+    LPCTSTR helpTopic() const override { return L"Post_General.html"; }
 
 protected:
     BOOL OnInitDialog() override;

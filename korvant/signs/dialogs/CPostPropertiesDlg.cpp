@@ -25,5 +25,5 @@ std::unique_ptr<CPropertyPage> CPostPropertiesDlg::makePage(int index) {
         return std::make_unique<CEditPostDlg>(mPost);
     if (index == kPostPageTables)
         return std::make_unique<CEditBlockChainDlg>(mPost.signChain(), &mPost, L"Post_Tables.html");
-    return std::make_unique<CEditBlockChainDlg>(mPost.lampChain(index - kPostPageFirstLamp), &mPost, L"Post_Lamp.html");
+    return std::make_unique<CEditBlockChainDlg>(mPost.lampChain(index - kPostPageFirstLamp), &mPost, L"Post_Lamps.html");
 }

@@ -20,8 +20,7 @@ void registerResources() {
     if (done)
         return;
     done = true;
-    const std::string folder = std::string(KORVANT_SOURCE_DIR) + "/korvant/";
-    const std::string script = textOfFile(folder + "Resource.h") + textOfFile(folder + "korvant.rc");
+    const std::string script = textOfFile(KORVANT_RESOURCE_SCRIPT);
     std::wstring reason;
     ASSERT_TRUE(AfxSetResourceText(script.data(), script.size(), &reason)) << acToUtf8(reason);
 }

@@ -88,7 +88,7 @@ TEST_F(PropertyPages, enter_and_escape_on_a_page_act_on_the_window) {
 TEST_F(PropertyPages, the_help_button_opens_the_topic_of_its_page) {
     open(0);
     user.does(L"@click \"?\"");
-    user.sees([&] { EXPECT_TRUE(winOpenedDocuments().back().ends_with(L"::/Post_Properties.html")); });
+    user.sees([&] { EXPECT_TRUE(winOpenedDocuments().back().ends_with(L"::/Post_General.html")); });
     user.does(L"@tab \"Táblák\"").does(L"@click 260");
     user.sees([&] { EXPECT_TRUE(winOpenedDocuments().back().ends_with(L"::/Post_Tables.html")); });
     user.does(L"@ok");
