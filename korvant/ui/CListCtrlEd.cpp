@@ -6,6 +6,13 @@
 
 #include <algorithm>
 
+namespace {
+// Kept free of columns for the frame and a scroll bar, so that no second scroll bar comes with it.
+constexpr int kScrollBarRoom = 20;
+constexpr int kLeastValueWidth = 20;
+constexpr int kNamePercent = 45;
+} // namespace
+
 BEGIN_MESSAGE_MAP(CListCtrlEd, CListCtrl)
     ON_NOTIFY_REFLECT(NM_CLICK, &CListCtrlEd::OnClick)
     ON_NOTIFY(LVN_ENDLABELEDIT, IDC_IN_PLACE, &CListCtrlEd::OnCellEdited)
@@ -16,9 +23,13 @@ void CListCtrlEd::addColumns() {
     SetExtendedStyle(GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
     CRect client;
     GetClientRect(client);
-    const int nameWidth = client.Width() * 45 / 100;
+    const int nameWidth = client.Width() * kNamePercent / 100;
     InsertColumn(kNameColumn, L"Paraméter Neve", LVCFMT_LEFT, nameWidth);
-    InsertColumn(kValueColumn, L"Paraméter Értéke", LVCFMT_LEFT, std::max(20, client.Width() - nameWidth));
+    InsertColumn(kValueColumn, L"Paraméter Értéke", LVCFMT_LEFT, valueWidth(client.Width()));
+}
+
+int CListCtrlEd::valueWidth(int listWidth) const {
+    return std::max(kLeastValueWidth, listWidth - GetColumnWidth(kNameColumn) - kScrollBarRoom);
 }
 
 int CListCtrlEd::addRow(const attributeRow& added) {
@@ -109,5 +120,5 @@ void CListCtrlEd::OnCellEdited(NMHDR* header, LRESULT* result) {
 
 void CListCtrlEd::OnSize(UINT, int width, int) {
     if (GetColumnCount() > kValueColumn && width > 0)
-        SetColumnWidth(kValueColumn, std::max(20, width - GetColumnWidth(kNameColumn)));
+        SetColumnWidth(kValueColumn, valueWidth(width));
 }

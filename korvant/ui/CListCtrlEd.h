@@ -35,6 +35,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    int valueWidth(int listWidth) const;
     CRect cellRect(int row, int column) const;
     attributeRow& row(int index) const;
     void endEdit(bool keep);
