@@ -14,7 +14,7 @@ constexpr Adesk::UInt32 rgbOf(int r, int g, int b) {
 // The share of one primary at a hue, in quarters. Hues go round in 24 steps of 15 degrees;
 // a primary is full within 60 degrees of its own hue and gone beyond 120.
 constexpr int quarters(int hueStep, int ownStep) {
-    const int apart = std::abs(hueStep - ownStep);
+    const int apart = hueStep > ownStep ? hueStep - ownStep : ownStep - hueStep;
     const int distance = std::min(apart, 24 - apart);
     return std::clamp(8 - distance, 0, 4);
 }

@@ -35,6 +35,7 @@ public:
     virtual void setLineTypeScale(double scale) = 0;
     virtual void setLineWeight(AcDb::LineWeight weight) = 0;
     virtual void setFillType(AcGiFillType fill) = 0;
+    virtual void setThickness(double) {} // extrusion along the normal; not seen in plan
     virtual Adesk::UInt16 color() const = 0;
     virtual AcCmEntityColor trueColor() const = 0;
     virtual AcDbObjectId layerId() const = 0;
@@ -42,6 +43,7 @@ public:
     virtual double lineTypeScale() const = 0;
     virtual AcDb::LineWeight lineWeight() const = 0;
     virtual AcGiFillType fillType() const = 0;
+    virtual double thickness() const { return 0.0; }
 };
 
 // How a text is set: font file or family name, width factor, oblique angle in radians.

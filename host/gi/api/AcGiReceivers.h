@@ -22,6 +22,7 @@ struct GiTraits {
     double lineTypeScale = 1.0;
     AcDb::LineWeight lineWeight = AcDb::kLnWtByLayer;
     AcGiFillType fill = kAcGiFillNever;
+    double thickness = 0.0;
 };
 
 struct GiPolyline { GiPoints points; };

@@ -105,6 +105,8 @@ std::wstring traitsText(const GiTraits& traits, const GiNamer& namer) {
         text += L" ltscale=" + number(traits.lineTypeScale);
     if (traits.fill == kAcGiFillAlways)
         text += L" filled";
+    if (traits.thickness != 0.0)
+        text += L" thickness=" + number(traits.thickness);
     return text;
 }
 

@@ -14,6 +14,7 @@ public:
     void setLineTypeScale(double scale) override { value.lineTypeScale = scale; }
     void setLineWeight(AcDb::LineWeight weight) override { value.lineWeight = weight; }
     void setFillType(AcGiFillType fill) override { value.fill = fill; }
+    void setThickness(double thickness) override { value.thickness = thickness; }
     Adesk::UInt16 color() const override { return value.color.colorIndex(); }
     AcCmEntityColor trueColor() const override { return value.color; }
     AcDbObjectId layerId() const override { return value.layer; }
@@ -21,4 +22,5 @@ public:
     double lineTypeScale() const override { return value.lineTypeScale; }
     AcDb::LineWeight lineWeight() const override { return value.lineWeight; }
     AcGiFillType fillType() const override { return value.fill; }
+    double thickness() const override { return value.thickness; }
 };

@@ -39,6 +39,8 @@ TEST(Traits, every_setter_has_its_getter) {
         t.setLineWeight(AcDb::kLnWt035);
         t.setFillType(kAcGiFillAlways);
         t.setLayer(kLayerBlue);
+        t.setThickness(3.0);
+        EXPECT_EQ(t.thickness(), 3.0);
         EXPECT_EQ(t.trueColor(), AcCmEntityColor(1, 2, 3));
         EXPECT_EQ(t.lineTypeId(), kDashed);
         EXPECT_EQ(t.lineTypeScale(), 2.5);
