@@ -4,6 +4,8 @@
 
 #include "AcUtText.h"
 
+#include <algorithm>
+
 namespace {
 AcGeMatrix3d movedAndTurned() {
     return AcGeMatrix3d::translation({10, -20, 5}) * AcGeMatrix3d::rotation(0.7, AcGeVector3d(0.2, 0.3, 0.9).normal());

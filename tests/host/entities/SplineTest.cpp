@@ -2,6 +2,7 @@
 #include "EntityTestSupport.h"
 #include "entities/SplineMath.h"
 
+#include <algorithm>
 #include <rapidcheck/gtest.h>
 
 namespace {
