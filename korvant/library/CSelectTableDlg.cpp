@@ -43,6 +43,7 @@ BEGIN_MESSAGE_MAP(CSelectTableDlg, CDialog)
     ON_NOTIFY(LVN_ITEMCHANGED, IDC_LIBRARY_LIST, &CSelectTableDlg::OnListSelection)
     ON_NOTIFY(NM_DBLCLK, IDC_LIBRARY_LIST, &CSelectTableDlg::OnListDoubleClick)
     ON_WM_SIZE()
+    ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
 CSelectTableDlg::CSelectTableDlg(const std::wstring& rootFolder, CWnd* parent)
@@ -171,14 +172,12 @@ void CSelectTableDlg::OnSize(UINT, int, int) { mResizer.Resize(); }
 
 void CSelectTableDlg::OnCancel() {
     mSelectedPath.clear();
-    AfxSavePlacement(*this, kProfileSection);
     CDialog::OnCancel();
 }
 
-BOOL CSelectTableDlg::DestroyWindow() {
-    if (IsWindow())
-        AfxSavePlacement(*this, kProfileSection);
-    return CDialog::DestroyWindow();
+void CSelectTableDlg::OnDestroy() {
+    AfxSavePlacement(*this, kProfileSection);
+    CDialog::OnDestroy();
 }
 
 bool CSelectTableDlg::swapBlocks(const std::wstring& folderMask, int row, int distance) const {

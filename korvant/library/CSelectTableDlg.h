@@ -25,8 +25,6 @@ public:
     bool swapBlocks(const std::wstring& folderMask, int row, int distance) const;
     const std::wstring& orderFilePath() const { return mOrderFile; }
 
-    BOOL DestroyWindow() override;
-
 protected:
     BOOL OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
@@ -35,6 +33,7 @@ protected:
     void OnListSelection(NMHDR* header, LRESULT* result);
     void OnListDoubleClick(NMHDR* header, LRESULT* result);
     void OnSize(UINT kind, int width, int height);
+    void OnDestroy();
     DECLARE_MESSAGE_MAP()
 
 private:

@@ -14,6 +14,18 @@ std::vector<std::wstring> tabTitles(CWnd& dialog) {
         titles.push_back(tab.itemText(i).text());
     return titles;
 }
+
+// A key as the program offers it: to the focused control, then to the windows around it.
+void pressOn(CWnd& focused, CWnd& window, UINT key) {
+    MSG message;
+    message.pWnd = &focused;
+    message.message = WM_KEYDOWN;
+    message.wParam = key;
+    for (CWnd* at = &focused; at != nullptr; at = at->GetParent())
+        if (at->PreTranslateMessage(&message))
+            return;
+    FAIL() << "the key was not taken by " << window.GetDlgCtrlID();
+}
 } // namespace
 
 TEST_F(PropertyPages, a_post_has_a_general_page_one_of_signs_and_one_for_each_lamp_chain) {
@@ -73,16 +85,16 @@ TEST_F(PropertyPages, a_change_of_tab_takes_what_is_still_being_typed) {
     EXPECT_EQ(post->postText().text, L"km 3");
 }
 
-TEST_F(PropertyPages, enter_and_escape_on_a_page_act_on_the_window) {
+TEST_F(PropertyPages, escape_on_a_page_cancels_the_window) {
     CPostPropertiesDlg& dialog = open(0);
-    user.sees([&] {
-        MSG message;
-        message.pWnd = &grid();
-        message.message = WM_KEYDOWN;
-        message.wParam = VK_ESCAPE;
-        EXPECT_TRUE(dialog.visiblePage()->PreTranslateMessage(&message));
-    });
+    user.sees([&] { pressOn(grid(), dialog, VK_ESCAPE); });
     EXPECT_EQ(run(), IDCANCEL);
+}
+
+TEST_F(PropertyPages, enter_on_a_page_confirms_the_window) {
+    CPostPropertiesDlg& dialog = open(0);
+    user.sees([&] { pressOn(grid(), dialog, VK_RETURN); });
+    EXPECT_EQ(run(), IDOK);
 }
 
 TEST_F(PropertyPages, the_help_button_opens_the_topic_of_its_page) {
