@@ -21,6 +21,9 @@ public:
     CPoint toClient(const AcGePoint2d& point) const;
     double pixelSize() const; // model units a pixel
 
+    // A script line takes the part of that number; false where the picture has none.
+    virtual bool selectPart(int) { return false; }
+
     // Events in model coordinates.
     virtual void onModelMove(const AcGePoint2d&) {}
     virtual void onModelClick(const AcGePoint2d&) {}

@@ -197,3 +197,10 @@ void CGsPreviewCtrl::clickAt(const AcGePoint3d& point) {
 void CGsPreviewCtrl::onModelMove(const AcGePoint2d& point) { moveTo(fromView(point)); }
 void CGsPreviewCtrl::onModelClick(const AcGePoint2d& point) { clickAt(fromView(point)); }
 void CGsPreviewCtrl::onModelLeave() { setHovered(-1); }
+
+bool CGsPreviewCtrl::selectPart(int index) {
+    if (index < 0 || index >= mBlocks.length() || !onPick)
+        return false;
+    onPick(index);
+    return true;
+}

@@ -55,6 +55,7 @@ protected:
     void onModelClick(const AcGePoint2d& point) override;
     void onModelLeave() override;
     void onViewResized() override;
+    bool selectPart(int index) override;
 
 private:
     enum class Fit { kExtents, kCenter };
