@@ -53,7 +53,7 @@ public:
     AcGeVector3d upVector() const { return mUpVector; }
     AcGePoint3d topPoint() const { return mTopPoint; } // where the next symbol of a stack begins
     int attributeCount() const { return static_cast<int>(mAttributes.size()); }
-    const AcDbAttribute* attributeAt(int index) const { return mAttributes[static_cast<std::size_t>(index)].get(); }
+    const AcDbAttribute* attributeAt(int index) const; // no range check
     AcDbObjectId attributeDefAt(int index) const { return mAttributeDefs[index]; }
     const std::map<std::wstring, std::wstring>& userParams() const { return mUserParams; }
     Adesk::UInt32 exchangeId() const { return mExchangeId; } // 0: not in the exchange database
@@ -74,18 +74,21 @@ protected:
 
 private:
     friend class TrfcPost;                     // the foot is resized without its measures
-    template <class Self, class Fields> static void placeFields(Self& self, Fields&& field);
-    template <class Self, class Fields> static void sizeFields(Self& self, Fields&& field);
+    template <class Self, class Fields> static void plainFields(Self& self, Fields&& field);
     void measure();
-    void resize(double newScale);
+    void resize(double ratio);
     void makeAttributes();
-    void makeAttribute(const AcDbAttributeDefinition& definition);
+    void makeAttribute(const AcDbAttributeDefinition& definition, AcDbObjectId id);
+    void placeAttribute(AcDbAttribute& attribute, const AcDbAttributeDefinition& definition) const;
+    void replaceAttributes() const;
+    void completeAttributes() const;
     void updateUp();
     void updateTop() { mTopPoint = mBlockRef.position() + mUpVector * mHeight; }
     void writeAttributes(AcDbDwgFiler* filer) const;
     void readAttributes(AcDbDwgFiler* filer);
-    void readUserParams(AcDbDwgFiler* filer);
-    void drawParts(AcGiWorldDraw* worldDraw, bool gray, bool white, bool outline);
+    void readPlace(AcDbDwgFiler* filer);
+    void readDescriptor(AcDbDwgFiler* filer);
+    void drawParts(AcGiWorldDraw* worldDraw, bool gray, bool white, bool outline) const;
     void drawAttributes(AcGiWorldDraw* worldDraw, bool gray, bool white) const;
 
     AcDbBlockReference mBlockRef; // in no database
@@ -98,6 +101,7 @@ private:
     AcGePoint3d mTopPoint;
     std::vector<std::unique_ptr<AcDbAttribute>> mAttributes; // in no database
     AcDbObjectIdArray mAttributeDefs;                        // the definition behind each
+    mutable bool mAttributesPending = false;                 // read before their definitions
     std::map<std::wstring, std::wstring> mUserParams;
     Adesk::UInt32 mExchangeId = 0;
 };

@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+class TrfcTable;
+
 enum TRFC_BLOCK_CHAIN_TYPE : Adesk::Int32 {
     kSignChain = 0,     // signs of a post
     kPairLampChain = 1, // lamps of a post pair
@@ -77,18 +79,21 @@ protected:
 private:
     using BlockList = std::vector<std::unique_ptr<TrfcBlock>>;
     struct BlockSizes; // existing and planned size of the chain's kind
+    template <class Self, class Fields> static void ownFields(Self& self, Fields&& field);
+    bool isLampChain() const { return mChainType == kPairLampChain || mChainType == kPostLampChain; }
     BlockSizes readSizes() const;
-    void applySizes(TrfcBlock& block, const BlockSizes& sizes) const;
     template <class After> void relay(BlockList& blocks, const After& after);
-    Acad::ErrorStatus append(BlockList& blocks, TrfcBlock* block, double angle);
-    BlockList& listOf(int index, int& place);
     void closeUpFrom(BlockList& blocks, std::size_t first);
+    void turnAxisTo(double angle);
+    Acad::ErrorStatus append(BlockList& blocks, TrfcBlock* block, double angle);
+    BlockList& listOf(int index, std::size_t& place);
+    const TrfcTable* tableAt(int upIndex) const;
     bool isComplementary(int upIndex) const;
-    int groupBefore(int upIndex) const;
-    void swapUpGroups(int first, int middle, int end);
+    int endBelowGroup(int upIndex, bool alone) const;
+    void swapUpGroups(int below, int index, int end);
+    int clampToUp(int index) const;
     Acad::ErrorStatus moveDnInLowerList(int index, int* newIndex);
-    void stateChangesOf(BlockList& blocks, int firstIndex, std::vector<int>& toDelete);
-    void stateChange(TrfcTypedBlock& block, int index, std::vector<int>& toDelete);
+    void stateChange(const TrfcTypedBlock& block, int index, std::vector<int>& toDelete);
     void writeBlocks(AcDbDwgFiler* filer, const BlockList& blocks) const;
     Acad::ErrorStatus readBlocks(AcDbDwgFiler* filer, BlockList& blocks);
 

@@ -19,6 +19,7 @@ public:
 
 private:
     enum Stage : Adesk::Int32 { kPoint = 0, kAngle = 1, kDone = 2 };
+    DragStatus place();
     DragStatus samplePoint();
     DragStatus sampleAngle();
 

@@ -114,6 +114,7 @@ protected:
 private:
     template <class Self, class Fields> static void scaleFields(Self& self, Fields&& field);
     template <class Self, class Fields> static void ownFields(Self& self, Fields&& field);
+    static double defaultBendAngle();
     struct Arm { AcGeVector3d ab, bc, cd, ae; };
     Arm arm() const;
     void setArm(const Arm& arm);
@@ -122,15 +123,15 @@ private:
     void readSizes();
     void raisePhase(int phase);
     void updateRotation();
-    void bendTowardsD(double angleToD, double distance);
+    void bendTowardsD(double distance);
     void keepArmForward();
     void rotateScale(double angle);
     void hangLamp(TrfcBlockChain& chain) const; // on the rim, against its axis
     AcGePoint3d rimTowards(const AcGePoint3d& point) const;
     bool isRight(const AcGeVector3d& fromA) const;
-    void readFoot(AcDbDwgFiler* filer, Adesk::UInt32 version);
+    Acad::ErrorStatus readFoot(AcDbDwgFiler* filer, Adesk::UInt32 version);
     S_BLOCK_DESCRIPTOR footOfEarlierVersions();
-    void readLampChains(AcDbDwgFiler* filer);
+    Acad::ErrorStatus readLampChains(AcDbDwgFiler* filer);
     // drawing
     void drawLampArrow(AcGiWorldDraw* worldDraw) const;
     void drawArm(AcGiWorldDraw* worldDraw) const;
@@ -138,10 +139,12 @@ private:
     void drawLamps(AcGiWorldDraw* worldDraw) const;
     void explodeArm(AcDbVoidPtrArray& entities) const;
     void explodeAnnotation(AcDbVoidPtrArray& entities) const;
-    std::unique_ptr<AcDbText> annotationText() const;
+    std::unique_ptr<AcDbText> annotationText(const AcGePoint3d& position, double rotation) const;
+    AcGePoint3d textPosition(const AcGeVector3d& shelf) const;
+    bool isDragging(const ACHAR* grip) const;
     // grips
     void moveArmLength(const AcGeVector3d& vector);
-    void setLengthAB(double length);
+    void setLengthAB(double length, double minAB);
     void moveBend(const AcGeVector3d& vector);
     void turnPost(const AcGeVector3d& vector);
     void turnLamp(const TrfcGripAppData& grip, const AcGeVector3d& vector);

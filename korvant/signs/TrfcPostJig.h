@@ -23,11 +23,12 @@ public:
 
 private:
     enum Stage : Adesk::Int32 { kPointA = 0, kPointB = 1, kPointD = 2, kDone = 3 };
+    DragStatus place();
     bool takeFoot();
-    DragStatus dragStage(Stage stage, unsigned int promptId);
     AcGePoint3d& acquired();
 
     Stage mStage = kPointA;
+    AcDbDimDataPtrArray mDimData; // stays empty: the prompts show no dimensions
     AcGePoint3d mAcquiredA, mAcquiredB, mAcquiredD;
     TrfcPost* mPost = nullptr;
     bool mAppended = false;

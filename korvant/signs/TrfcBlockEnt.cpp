@@ -1,0 +1,202 @@
+// A road marking symbol with its state.
+#include "TrfcBlockEnt.h"
+
+#include "TrfcDocSettings.h"
+#include "TrfcDrawingUtils.h"
+#include "TrfcFieldFiler.h"
+#include "TrfcPostDialogs.h"
+#include "TrfcStateChangeData.h"
+#include "confirmDeletion.h"
+
+ACRX_DXF_DEFINE_MEMBERS(TrfcBlockEnt, TrfcBlock, AcDb::kDHL_1021, AcDb::kMReleaseCurrent, 0, L"Korvant Blokk",
+                        L"TRFCSIGNARXAPP |Product Desc: Traffic Block Custom Entity |Company: Tessaron Ltd |WEB Address:")
+
+TrfcBlockEnt::TrfcBlockEnt() {
+    takeDefaultState();
+}
+
+TrfcBlockEnt::TrfcBlockEnt(const S_BLOCK_DESCRIPTOR& descriptor) : TrfcBlockEnt(descriptor, 1.0) {}
+
+TrfcBlockEnt::TrfcBlockEnt(const S_BLOCK_DESCRIPTOR& descriptor, double scale) : TrfcBlockEnt(descriptor, AcGePoint3d::kOrigin, 0.0, scale) {}
+
+TrfcBlockEnt::TrfcBlockEnt(const S_BLOCK_DESCRIPTOR& descriptor, const AcGePoint3d& position, double rotation, double scale)
+    : TrfcBlock(descriptor, position, rotation, scale) {
+    takeDefaultState();
+}
+
+// A new marking has the state and no overlay until setType is called again.
+void TrfcBlockEnt::takeDefaultState() {
+    TrfcBlockEnt::setType(static_cast<TRFC_BLOCK_ENT_TYPE>(TrfcDocSettings::getDocInt(DOC_BLOCK_ENT_DEFAULT_TYPE)));
+    mHasOverlay = false;
+}
+
+// ---- state ------------------------------------------------------------------------------------
+
+// The size does not change with the state, unlike a sign's.
+void TrfcBlockEnt::setType(TRFC_BLOCK_ENT_TYPE type) {
+    assertWriteEnabled();
+    if (type == kBlockEntToBeRemoved)
+        setOverlayBlock(builtInBlockId(kTableEliminate));
+    else if (type == kBlockEntExisting || type == kBlockEntPlanned)
+        eraseOverlayBlock();
+    mEntType = type;
+}
+
+// One step from the state the marking is in.
+void TrfcBlockEnt::stateChanges() {
+    assertWriteEnabled();
+    const TrfcStateChangeData& change = stateChangeData();
+    switch (mEntType) {
+    case kBlockEntPlanned:
+        if (change.markingPlannedToExisting)
+            setType(kBlockEntExisting);
+        break;
+    case kBlockEntExisting:
+        if (change.markingExistingToBeRemoved)
+            setType(kBlockEntToBeRemoved);
+        break;
+    case kBlockEntToBeRemoved:
+        if (change.markingToBeRemovedDeleted && confirmDeletion(*this, L"Biztosan törölni akarja a kiemelt burkolati jelet?"))
+            erase(true);
+        break;
+    }
+}
+
+void TrfcBlockEnt::setBlock(const S_BLOCK_DESCRIPTOR& descriptor) {
+    assertWriteEnabled();
+    init(descriptor, position(), rotation(), scaleFactor());
+    setType(mEntType);
+}
+
+// ---- overlay ------------------------------------------------------------------------------------
+
+void TrfcBlockEnt::setOverlayBlock(AcDbObjectId block) {
+    assertWriteEnabled();
+    mOverlay.setBlockTableRecord(block);
+    fitOverlay();
+    mHasOverlay = true;
+}
+
+void TrfcBlockEnt::eraseOverlayBlock() {
+    assertWriteEnabled();
+    mHasOverlay = false;
+}
+
+// Twice the short side at most, so that the overlay keeps a sane proportion on long and on tall symbols.
+void TrfcBlockEnt::fitOverlay() {
+    const double w = width(), h = height();
+    AcGePoint3d place = topPoint();
+    AcGeScale3d scale(w, h, 1.0);
+    if (w / h > 2.0) {
+        scale = AcGeScale3d(h * 2.0, h, 1.0);
+    } else if (w / h < 0.5) {
+        place -= upVector().normal() * (h / 2.0 - w);
+        scale = AcGeScale3d(w, w * 2.0, 1.0);
+    }
+    mOverlay.setPosition(place);
+    mOverlay.setScaleFactors(scale);
+    mOverlay.setRotation(rotation());
+}
+
+void TrfcBlockEnt::regen() {
+    TrfcBlock::regen();
+    if (mHasOverlay)
+        fitOverlay();
+}
+
+Acad::ErrorStatus TrfcBlockEnt::subTransformBy(const AcGeMatrix3d& matrix) {
+    PlusTransformBy(matrix);
+    if (mHasOverlay)
+        mOverlay.transformBy(matrix);
+    return Acad::eOk;
+}
+
+// ---- picture --------------------------------------------------------------------------------------
+
+bool TrfcBlockEnt::subWorldDraw(AcGiWorldDraw* worldDraw) {
+    TrfcBlock::subWorldDraw(worldDraw, false, false, isOutline());
+    if (mHasOverlay) {
+        saveTraits(worldDraw);
+        mOverlay.worldDraw(worldDraw);
+        restoreTraits(worldDraw);
+    }
+    return true;
+}
+
+Acad::ErrorStatus TrfcBlockEnt::subExplode(AcDbVoidPtrArray& entities) const {
+    PlusExplode(entities, false, false, isOutline());
+    if (mHasOverlay)
+        mOverlay.explode(entities);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus TrfcBlockEnt::subGetOsnapPoints(AcDb::OsnapMode mode, std::intptr_t, const AcGePoint3d&, const AcGePoint3d&, const AcGeMatrix3d&,
+                                                  AcGePoint3dArray& points, AcIntArray&) const {
+    assertReadEnabled();
+    if (mode == AcDb::kOsModeEnd)
+        points.append(position());
+    return Acad::eOk;
+}
+
+// ---- copies ---------------------------------------------------------------------------------------
+
+TrfcBlockEnt* TrfcBlockEnt::clone() const {
+    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+    dwgOut(&memory);
+    memory.seek(0, AcDb::kSeekFromStart);
+    auto copy = std::make_unique<TrfcBlockEnt>();
+    copy->dwgIn(&memory);
+    return copy.release();
+}
+
+void TrfcBlockEnt::copyFromClone(const TrfcBlockEnt* other) {
+    if (other == nullptr)
+        return;
+    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+    other->dwgOut(&memory);
+    memory.seek(0, AcDb::kSeekFromStart);
+    dwgIn(&memory);
+}
+
+bool TrfcBlockEnt::editProperties() {
+    assertWriteEnabled();
+    const std::unique_ptr<TrfcBlockEnt> copy(clone());
+    const bool confirmed = editBlockEntProperties(*copy);
+    if (confirmed)
+        copyFromClone(copy.get());
+    return confirmed;
+}
+
+// ---- filing: a drawing entity, so the one block that files the fields of an entity ------------------
+
+Acad::ErrorStatus TrfcBlockEnt::dwgOutFields(AcDbDwgFiler* filer) const {
+    AcDbEntity::dwgOutFields(filer);
+    TrfcBlock::dwgOutFields(filer);
+    filer->writeUInt32(kTrfcFileVersion);
+    filer->writeBool(mHasOverlay);
+    if (mHasOverlay) {
+        const AcDbFilerNest nest(filer, L"AcDbBlockReference");
+        mOverlay.dwgOutFields(filer);
+    }
+    filer->writeUInt16(static_cast<Adesk::UInt16>(mEntType));
+    return filer->filerStatus();
+}
+
+// Before version 6 a marking had neither state nor overlay: the state stays what the constructor gave.
+Acad::ErrorStatus TrfcBlockEnt::dwgInFields(AcDbDwgFiler* filer) {
+    AcDbEntity::dwgInFields(filer);
+    Acad::ErrorStatus es = TrfcBlock::dwgInFields(filer);
+    if (es != Acad::eOk)
+        return es;
+    Adesk::UInt32 version = 0;
+    es = trfcReadVersion(*filer, version);
+    if (es != Acad::eOk || version < 6)
+        return es != Acad::eOk ? es : filer->filerStatus();
+    filer->readBool(&mHasOverlay);
+    if (mHasOverlay) {
+        mOverlay.dwgInFields(filer);
+        fitOverlay();
+    }
+    trfcRead(*filer, trfcShort(mEntType));
+    return filer->filerStatus();
+}
