@@ -37,13 +37,13 @@ AcEdJig::DragStatus TrfcBlockJig::place() {
         return kCancel;
     }
     mStage = kPoint;
-    setDispPrompt(L"%s", AfxResourceString(IDS_BLOCK_POINT).c_str());
+    setDispPrompt(L"%s", AfxResourceString(IDS_PROMPT_BLOCK).c_str());
     setKeywordList(L"");
     DragStatus status = drag();
     if (status != kNormal)
         return status;
     mStage = kAngle;
-    setDispPrompt(AfxResourceString(IDS_BLOCK_ROTATION).c_str(), last().rotation);
+    setDispPrompt(AfxResourceString(IDS_PROMPT_BLOCK_TURN).c_str(), last().rotation);
     status = drag();
     if (status != kNormal)
         return status;

@@ -29,7 +29,7 @@ AcEdJig::DragStatus TrfcPostJig::run(std::unique_ptr<TrfcPost> post) {
 AcEdJig::DragStatus TrfcPostJig::place() {
     if (!takeFoot())
         return kCancel;
-    constexpr std::pair<Stage, UINT> kStages[] = {{kPointA, IDS_POST_POINT_A}, {kPointB, IDS_POST_POINT_B}, {kPointD, IDS_POST_POINT_D}};
+    constexpr std::pair<Stage, UINT> kStages[] = {{kPointA, IDS_PROMPT_POINT_A}, {kPointB, IDS_PROMPT_POINT_B}, {kPointD, IDS_PROMPT_POINT_D}};
     DragStatus status = kNormal;
     for (const auto& [stage, prompt] : kStages) {
         mStage = stage;
