@@ -10,6 +10,8 @@
 
 namespace {
 constexpr double kLeastPattern = 1.5; // pixels; a finer line type cannot be told from a whole line
+constexpr double kLeastBleeding = 4.0; // pixels; on a smaller area no seam is seen
+constexpr double kLeastLetter = 1.0;   // pixels; a smaller letter is a speck whatever its form
 constexpr double kLeastFit = 1.0e-9;
 
 class PaintSink final : public GiPainterSink {
@@ -34,7 +36,11 @@ public:
         for (const auto& loop : loops)
             addRing(path, loop);
         const QColor color = colorOf(style);
-        if (style.isText || mView.bleed <= 0.0)
+        const QRectF box = path.controlPointRect();
+        const double size = std::max(box.width(), box.height());
+        if (style.isText && size < kLeastLetter)
+            return mPainter.fillRect(box, color);
+        if (style.isText || mView.bleed <= 0.0 || size < kLeastBleeding)
             setPen(QColor(), -1.0);
         else
             setPen(color, mView.bleed);

@@ -1,6 +1,8 @@
 // Turns the calls of a drawable into primitives in the receiver's coordinates.
 #include "GiDrawContext.h"
 
+#include "GiCurve.h"
+
 #include <algorithm>
 
 namespace {
@@ -12,6 +14,15 @@ bool isIdentity(const AcGeMatrix3d& m) {
             if (m.entry[row][column] != (row == column ? 1.0 : 0.0))
                 return false;
     return true;
+}
+// Drawings from elsewhere hold numbers that are none, and one of them would spoil the extents of all.
+bool isSound(const AcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
+bool isSound(const AcGeVector3d& v) { return isSound(AcGePoint3d(v.x, v.y, v.z)); }
+template <class Points> bool areSound(const Points& points) {
+    return std::ranges::all_of(points, [](const AcGePoint3d& p) { return isSound(p); });
+}
+bool isSound(const GiArc& arc) {
+    return isSound(arc.center) && isSound(arc.major) && isSound(arc.minor) && std::isfinite(arc.start) && std::isfinite(arc.end);
 }
 } // namespace
 
@@ -80,14 +91,14 @@ GiPoints GiDrawContext::placed(Adesk::UInt32 count, const AcGePoint3d* points) c
 }
 
 bool GiDrawContext::polyline(Adesk::UInt32 count, const AcGePoint3d* points, const AcGeVector3d*) {
-    if (count > 0)
-        emitPolyline(placed(count, points));
+    if (GiPoints line = placed(count, points); !line.empty() && areSound(line))
+        emitPolyline(std::move(line));
     return kGoOn;
 }
 
 bool GiDrawContext::polygon(Adesk::UInt32 count, const AcGePoint3d* points) {
-    if (count > 0)
-        emitPolygon(placed(count, points));
+    if (GiPoints ring = placed(count, points); !ring.empty() && areSound(ring))
+        emitPolygon(std::move(ring));
     return kGoOn;
 }
 
@@ -102,28 +113,35 @@ bool GiDrawContext::circularArc(const AcGePoint3d& center, double radius, const 
     const AcGeVector3d up = sweep < 0.0 ? -normal : normal;
     const AcGeVector3d major = startVector.normal() * radius;
     const AcGeVector3d minor = up.normal().crossProduct(startVector.normal()) * radius;
-    emitArc({transform() * center, transform() * major, transform() * minor, 0.0, std::min(std::abs(sweep), kTwoPi), type});
-    return kGoOn;
+    return arc({center, major, minor, 0.0, std::min(std::abs(sweep), kTwoPi), type});
 }
 
 bool GiDrawContext::ellipticalArc(const AcGePoint3d& center, const AcGeVector3d& normal, const AcGeVector3d& majorAxis,
                                   double radiusRatio, double startParam, double endParam) {
     const AcGeVector3d minor = normal.normal().crossProduct(majorAxis) * radiusRatio;
-    double end = endParam;
-    while (end <= startParam)
-        end += kTwoPi;
-    end = std::min(end, startParam + kTwoPi);
-    emitArc({transform() * center, transform() * majorAxis, transform() * minor, startParam, end, kAcGiArcSimple});
+    double sweep = std::fmod(endParam - startParam, kTwoPi);
+    if (sweep < 0.0)
+        sweep += kTwoPi;
+    if (sweep == 0.0 || endParam - startParam >= kTwoPi) // equal parameters are a whole turn
+        sweep = kTwoPi;
+    const double start = std::fmod(startParam, kTwoPi);
+    return arc({center, majorAxis, minor, start, start + sweep, kAcGiArcSimple});
+}
+
+bool GiDrawContext::arc(const GiArc& shape) {
+    const GiArc result = giTransformed(shape, transform());
+    if (isSound(result))
+        emitArc(result);
     return kGoOn;
 }
 
 bool GiDrawContext::filledLoops(const AcGiFillLoops& loops) {
     GiFill fill{loops};
-    std::erase_if(fill.loops, [](const auto& loop) { return loop.size() < 3; });
     if (!isIdentity(transform()))
         for (auto& loop : fill.loops)
             for (AcGePoint3d& p : loop)
                 p = transform() * p;
+    std::erase_if(fill.loops, [](const auto& loop) { return loop.size() < 3 || !areSound(loop); });
     if (!fill.loops.empty())
         emitFill(std::move(fill));
     return kGoOn;
@@ -135,6 +153,11 @@ bool GiDrawContext::text(const AcGePoint3d& position, const AcGeVector3d& normal
         return kGoOn;
     const AcGeVector3d xAxis = direction.normal();
     const AcGeVector3d yAxis = normal.normal().crossProduct(xAxis);
-    emitText(transform() * position, transform() * xAxis, transform() * yAxis, text, style);
+    const AcGePoint3d start = transform() * position;
+    const AcGeVector3d x = transform() * xAxis, y = transform() * yAxis;
+    const bool sound = isSound(start) && isSound(x) && isSound(y) && std::isfinite(style.height) &&
+                       std::isfinite(style.widthFactor) && std::isfinite(style.obliqueAngle);
+    if (sound)
+        emitText(start, x, y, text, style);
     return kGoOn;
 }

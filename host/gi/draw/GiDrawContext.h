@@ -69,6 +69,7 @@ private:
         AcGiViewportGeometry& geometry() const override { return context; }
         GiDrawContext& context;
     };
+    bool arc(const GiArc& shape); // in model coordinates
     GiPoints placed(Adesk::UInt32 count, const AcGePoint3d* points) const;
 
     GiTraitsState mTraits;

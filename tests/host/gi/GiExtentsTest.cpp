@@ -2,6 +2,7 @@
 #include "GiTestDrawing.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 #include <rapidcheck/gtest.h>
 
 namespace {
@@ -123,4 +124,28 @@ TEST(Extents, tell_the_drawable_that_it_is_measured) {
         drawLine(wd, {}, {1, 0, 0});
     });
     EXPECT_TRUE(giExtentsOf(any).isValid());
+}
+TEST(Extents, are_not_spoilt_by_numbers_that_are_none) {
+    const double none = std::nan(""), endless = std::numeric_limits<double>::infinity();
+    TestDrawable broken([&](AcGiWorldDraw& wd) {
+        AcGiGeometry& g = wd.geometry();
+        drawLine(wd, {none, 0, 0}, {9, 9, 0});
+        const AcGePoint3d ring[] = {{0, 0, 0}, {9, 0, 0}, {0, endless, 0}};
+        g.polygon(3, ring);
+        g.filledLoops({{ring, ring + 3}});
+        g.circle({9, 9, 0}, none, AcGeVector3d::kZAxis);
+        g.circularArc({9, 9, 0}, 1.0, AcGeVector3d::kZAxis, AcGeVector3d::kXAxis, none);
+        g.ellipticalArc({}, AcGeVector3d::kZAxis, {9, 0, 0}, 0.5, endless, 1.0);
+        g.text({9, 9, 0}, AcGeVector3d::kZAxis, AcGeVector3d::kXAxis, L"A", {L"txt", none});
+        drawLine(wd, {}, {1, 1, 0});
+    });
+    EXPECT_EQ(giExtentsOf(broken).maxPoint(), AcGePoint3d(1, 1, 0));
+    EXPECT_EQ(drawnList(broken).primitives.size(), 1u);
+}
+TEST(Extents, of_an_ellipse_with_far_off_parameters_end) {
+    TestDrawable ellipse([](AcGiWorldDraw& wd) {
+        wd.geometry().ellipticalArc({}, AcGeVector3d::kZAxis, {2, 0, 0}, 0.5, 1.0e300, -1.0e300);
+        wd.geometry().ellipticalArc({}, AcGeVector3d::kZAxis, {2, 0, 0}, 0.5, 1.0, 1.0);
+    });
+    EXPECT_NEAR(giExtentsOf(ellipse).maxPoint().x, 2.0, 1e-12);
 }

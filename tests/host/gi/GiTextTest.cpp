@@ -1,5 +1,6 @@
 // Text outlines, their measures, fonts and control codes.
 #include "AcGiReceivers.h"
+#include "text/GiFont.h"
 
 #include <gtest/gtest.h>
 
@@ -110,6 +111,13 @@ TEST(TextOutline, an_unknown_font_is_shown_in_the_drafting_font) {
     EXPECT_TRUE(sameLoops(giTextOutline(L"Út 12", styleOf(L"no such font")), giTextOutline(L"Út 12", styleOf(L"osifont"))));
     EXPECT_FALSE(sameLoops(giTextOutline(L"Út 12", styleOf(L"Arial")), giTextOutline(L"Út 12", styleOf(L"osifont"))));
     EXPECT_TRUE(sameLoops(giTextOutline(L"Út", styleOf(L"ARIAL.TTF")), giTextOutline(L"Út", styleOf(L"Arial"))));
+}
+
+TEST(TextOutline, without_any_font_characters_keep_their_room) {
+    GiFont none("/no/such/font.ttf");
+    EXPECT_GT(none.glyph(L' ').advance, 0.0);
+    EXPECT_GT(none.glyph(L'\xE123').advance, 0.0);
+    EXPECT_TRUE(none.glyph(L'\xE123').contours.empty());
 }
 
 TEST(ControlCodes, the_signs_of_drafting_are_expanded) {
