@@ -65,6 +65,9 @@ bool GiDrawContext::draw(AcGiDrawable* drawable) {
         return kGoOn;
     }
     const GiTraits before = traits();
+    // No entity has these among its properties, so they would leak into its parts.
+    traits().fill = kAcGiFillNever;
+    traits().thickness = 0.0;
     if ((drawable->setAttributes(&mTraits) & AcGiDrawable::kDrawableIsInvisible) == 0)
         drawInPlace(*drawable);
     traits() = before;

@@ -51,6 +51,15 @@ TEST(Traits, every_setter_has_its_getter) {
     EXPECT_TRUE(drawnList(any).primitives.empty());
     EXPECT_EQ(any.drawn, 1);
 }
+TEST(Traits, the_callers_fill_does_not_leak_into_a_nested_drawable) {
+    TestDrawable circle([](AcGiWorldDraw& wd) { wd.geometry().circle({}, 1.0, AcGeVector3d::kZAxis); });
+    TestDrawable whole([&](AcGiWorldDraw& wd) {
+        wd.subEntityTraits().setFillType(kAcGiFillAlways);
+        wd.geometry().draw(&circle);
+        EXPECT_EQ(wd.subEntityTraits().fillType(), kAcGiFillAlways);
+    });
+    EXPECT_FALSE(flattened(drawnList(whole)).shapes.at(0).filled);
+}
 TEST(DisplayList, the_owner_is_the_top_level_drawable) {
     TestDrawable part([](AcGiWorldDraw& wd) { drawLine(wd, {}, {1, 0, 0}); });
     part.own = testId(70);
