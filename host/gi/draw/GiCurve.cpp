@@ -39,8 +39,16 @@ void giAppendArcChords(const GiArc& arc, double deviation, std::vector<AcGePoint
     const int chords = chordsFor(radius, sweep, deviation);
     const int last = arc.isFullTurn() ? chords - 1 : chords;
     points.reserve(points.size() + static_cast<std::size_t>(last) + 2);
-    for (int i = 0; i <= last; ++i)
-        points.push_back(arc.at(i == chords ? arc.end : arc.start + sweep * i / chords));
+    // Turned on step by step: over the few thousand steps there can be, rounding stays far below any
+    // deviation, and a sine for each point would be most of the work of a picture.
+    const double stepCos = std::cos(sweep / chords), stepSin = std::sin(sweep / chords);
+    double c = std::cos(arc.start), s = std::sin(arc.start);
+    for (int i = 0; i <= last; ++i) {
+        points.push_back(i == chords ? arc.at(arc.end) : arc.center + arc.major * c + arc.minor * s);
+        const double turned = c * stepCos - s * stepSin;
+        s = s * stepCos + c * stepSin;
+        c = turned;
+    }
     if (arc.type == kAcGiArcSector && !arc.isFullTurn())
         points.push_back(arc.center);
 }

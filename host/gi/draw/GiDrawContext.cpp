@@ -6,6 +6,8 @@
 #include <algorithm>
 
 namespace {
+// Deeper than any drawing made by hand; a file made to harm must not exhaust the stack.
+constexpr std::size_t kDeepestNesting = 200;
 constexpr bool kGoOn = false; // what a geometry operation answers when nothing was broken off
 
 bool isIdentity(const AcGeMatrix3d& m) {
@@ -45,7 +47,7 @@ bool GiDrawContext::isBeingDrawn(const AcGiDrawable& drawable) const {
 }
 
 void GiDrawContext::drawInPlace(AcGiDrawable& drawable) {
-    if (isBeingDrawn(drawable))
+    if (isBeingDrawn(drawable) || mBeingDrawn.size() >= kDeepestNesting)
         return;
     const std::size_t depth = mTransforms.size();
     mBeingDrawn.push_back(&drawable);

@@ -201,6 +201,22 @@ TEST(Instances, two_blocks_that_hold_each_other_end) {
     EXPECT_TRUE(giExtentsOf(b).isValid());
 }
 
+TEST(Instances, nesting_without_end_is_cut_off) {
+    std::vector<std::unique_ptr<TestDrawable>> chain;
+    for (int i = 0; i < 100000; ++i)
+        chain.push_back(std::make_unique<TestDrawable>(
+            [&chain, i](AcGiWorldDraw& wd) {
+                drawLine(wd, {}, {1, 0, 0});
+                if (i > 0)
+                    wd.geometry().draw(chain[static_cast<std::size_t>(i - 1)].get());
+            },
+            true));
+    const std::size_t shown = flattened(drawnList(*chain.back())).shapes.size();
+    EXPECT_GE(shown, 100u);
+    EXPECT_LT(shown, 1000u);
+    EXPECT_TRUE(giExtentsOf(*chain.back()).isValid());
+}
+
 TEST(Flatten, layers_off_and_frozen_are_left_out) {
     TestDrawable whole([](AcGiWorldDraw& wd) {
         for (const AcDbObjectId layer : {kLayerOff, kLayerFrozen, kLayerBlue}) {
