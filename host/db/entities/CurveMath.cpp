@@ -127,6 +127,21 @@ int dbChordCount(double radius, double sweep, double deviation) {
     return std::clamp(static_cast<int>(std::ceil(std::abs(sweep) / step)), 1, 512);
 }
 
+namespace {
+// Puts an extreme between the even steps; beside a step it takes that step's place, since chords of no length
+// seem to cross their neighbours. The ends stay.
+void placeExtreme(std::vector<double>& parameters, std::size_t count, double t) {
+    for (std::size_t i = 0; i <= count; ++i) {
+        if (std::abs(parameters[i] - t) > 1e-7)
+            continue;
+        if (i > 0 && i < count)
+            parameters[i] = t;
+        return;
+    }
+    parameters.push_back(t);
+}
+} // namespace
+
 std::vector<double> dbChordParameters(double start, double end, double phaseX, double phaseY, int count) {
     const double low = std::min(start, end), high = std::max(start, end);
     std::vector<double> parameters;
@@ -135,8 +150,7 @@ std::vector<double> dbChordParameters(double start, double end, double phaseX, d
         parameters.push_back(low + (high - low) * i / count);
     for (const double phase : {phaseX, phaseY})
         for (double t = phase + std::ceil((low - phase) / kPi) * kPi; t < high; t += kPi)
-            if (t > low)
-                parameters.push_back(t);
+            placeExtreme(parameters, static_cast<std::size_t>(count), t);
     std::sort(parameters.begin(), parameters.end());
     if (start > end)
         std::reverse(parameters.begin(), parameters.end());

@@ -131,23 +131,33 @@ double dbEvenOddArea(const DbRings& rings) {
     return area;
 }
 
+namespace {
+// How many of the other rings lie round a ring: an even number and it fills, an odd one and it cuts.
+std::ptrdiff_t ringsAround(const DbRings& rings, std::size_t own) {
+    const DbRing& ring = rings[own];
+    const AcGePoint2d place((ring[0].x + ring[1].x) / 2.0, (ring[0].y + ring[1].y) / 2.0);
+    std::ptrdiff_t around = 0;
+    for (std::size_t i = 0; i < rings.size(); ++i)
+        around += i != own && inside(rings[i], place) ? 1 : 0;
+    return around;
+}
+} // namespace
+
 double dbHatchArea(const std::vector<AcDbHatch::Loop>& loops) {
-    const DbRings all = dbFlattenLoops(loops, 0.0);
-    if (dbRingsCross(all))
-        return dbEvenOddArea(all);
-    double area = 0.0;
+    const double deviation = dbHatchDeviation(loops);
+    DbRings rings;
+    std::vector<double> areas;
     for (const AcDbHatch::Loop& loop : loops) {
-        const DbRings own = dbFlattenLoops({loop}, 0.0);
+        DbRings own = dbFlattenLoops({loop}, deviation);
         if (own.empty())
             continue;
-        // A place on the loop's own edge: how many other loops lie round it says whether it fills or cuts.
-        const AcGePoint2d place(own[0][0].x + (own[0][1].x - own[0][0].x) / 2.0,
-                                own[0][0].y + (own[0][1].y - own[0][0].y) / 2.0);
-        const auto around = std::ranges::count_if(all, [&](const DbRing& ring) {
-            return !std::ranges::equal(ring, own[0], [](auto& a, auto& b) { return a.x == b.x && a.y == b.y; }) &&
-                   inside(ring, place);
-        });
-        area += around % 2 == 0 ? loopArea(loop) : -loopArea(loop);
+        rings.push_back(std::move(own[0]));
+        areas.push_back(loopArea(loop));
     }
+    if (dbRingsCross(rings))
+        return dbEvenOddArea(rings);
+    double area = 0.0;
+    for (std::size_t i = 0; i < rings.size(); ++i)
+        area += ringsAround(rings, i) % 2 == 0 ? areas[i] : -areas[i];
     return area;
 }

@@ -80,9 +80,11 @@ void dbWalkLoop(const AcDbHatch::Loop& loop, DbLoopVisitor& visitor) {
 }
 
 namespace {
+constexpr double kRough = 1e300; // a deviation that leaves only the extremes of arcs
+
 class Flattener : public DbLoopVisitor {
 public:
-    explicit Flattener(double deviation) : mDeviation(deviation) {}
+    explicit Flattener(double deviation) : mDeviation(deviation), mSame(deviation < kRough ? deviation * 1e-6 : 0.0) {}
     DbRing ring;
 
     void line(const AcGePoint2d& from, const AcGePoint2d& to) override {
@@ -104,17 +106,17 @@ public:
 
 private:
     void add(const AcGePoint2d& p) {
-        if (ring.empty() || p.x != ring.back().x || p.y != ring.back().y)
+        if (ring.empty() || p.distanceTo(ring.back()) > mSame)
             ring.push_back(p);
     }
-    double mDeviation;
+    double mDeviation, mSame;
 };
 
 // The size of a hatch by rough chords.
 double roughSize(const std::vector<AcDbHatch::Loop>& loops) {
     DbRings rings;
     for (const AcDbHatch::Loop& loop : loops) {
-        Flattener rough(1e300);
+        Flattener rough(kRough);
         dbWalkLoop(loop, rough);
         rings.push_back(std::move(rough.ring));
     }
@@ -123,15 +125,19 @@ double roughSize(const std::vector<AcDbHatch::Loop>& loops) {
 }
 } // namespace
 
+double dbHatchDeviation(const std::vector<AcDbHatch::Loop>& loops) {
+    return std::max(roughSize(loops) / 1000.0, 1e-12);
+}
+
 DbRings dbFlattenLoops(const std::vector<AcDbHatch::Loop>& loops, double deviation) {
-    const double finest = deviation > 0.0 ? deviation : std::max(roughSize(loops) / 1000.0, 1e-12);
+    const double finest = deviation > 0.0 ? deviation : dbHatchDeviation(loops);
     DbRings rings;
     rings.reserve(loops.size());
     for (const AcDbHatch::Loop& loop : loops) {
         Flattener flattener(finest);
         dbWalkLoop(loop, flattener);
         DbRing& ring = flattener.ring;
-        while (ring.size() > 1 && ring.front().distanceTo(ring.back()) <= 1e-12)
+        while (ring.size() > 1 && ring.front().distanceTo(ring.back()) <= finest * 1e-6)
             ring.pop_back();
         if (ring.size() >= 3)
             rings.push_back(std::move(ring));

@@ -32,6 +32,7 @@ public:
 void dbWalkLoop(const AcDbHatch::Loop& loop, DbLoopVisitor& visitor);
 
 // Loops as chords within the deviation; 0 takes 1/1000 of the hatch's size.
+double dbHatchDeviation(const std::vector<AcDbHatch::Loop>& loops);
 DbRings dbFlattenLoops(const std::vector<AcDbHatch::Loop>& loops, double deviation);
 AcDbExtents dbRingsBox(const DbRings& rings);
 

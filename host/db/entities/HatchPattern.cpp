@@ -45,7 +45,7 @@ private:
             return;
         mWidth = box.maxPoint().x - box.minPoint().x;
         const double low = box.minPoint().y, high = box.maxPoint().y;
-        if (std::abs(mAcross) <= 1e-9 * (std::abs(mAlong) + high - low)) { // all rows coincide
+        if (std::abs(mAcross) <= 1e-12 * (std::abs(mAlong) + high - low)) { // all rows coincide
             mFirst = mLast = 0.0;
             return;
         }

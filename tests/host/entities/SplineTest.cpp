@@ -127,7 +127,7 @@ RC_GTEST_PROP(SplineProperty, samples_lie_on_the_curve_and_chords_within_the_dev
         p.set(within(-9, 9), within(-9, 9), 0);
     std::vector<double> knots(static_cast<std::size_t>(degree) + 1, 0.0), weights(count);
     for (std::size_t i = static_cast<std::size_t>(degree) + 1; i < count; ++i)
-        knots.push_back(knots.back() + within(0.0, 2.0));
+        knots.push_back(knots.back() + within(0.1, 2.0));
     knots.insert(knots.end(), static_cast<std::size_t>(degree) + 1, knots.back() + 1.0);
     for (double& w : weights)
         w = within(0.2, 3.0);
