@@ -2,13 +2,23 @@
 #include "AcDbDatabase.h"
 
 #include "DbDatabaseData.h"
-#include "DbPath.h"
 #include "DbScaleList.h"
 
-#include <utility>
+#include "AcPath.h"
+
+#include <sys/stat.h>
 
 namespace {
 AcDbFileCodec gCodec;
+
+bool isFile(const std::string& path) {
+    struct stat info {};
+    return stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+std::wstring folderOf(const std::wstring& path) {
+    const std::size_t slash = path.find_last_of(L"\\/");
+    return slash == std::wstring::npos ? std::wstring() : path.substr(0, slash);
+}
 } // namespace
 
 void acdbSetFileCodec(const AcDbFileCodec& codec) {
@@ -73,14 +83,14 @@ Acad::ErrorStatus AcDbHostApplicationServices::findFile(std::wstring& pathOut, c
     const ACHAR* drawing = L"";
     if (database != nullptr)
         database->getFilename(drawing);
-    if (const std::wstring own = dbFolderOf(drawing); !own.empty())
+    if (const std::wstring own = folderOf(drawing); !own.empty())
         folders.push_back(own);
     folders.insert(folders.end(), mSupport.begin(), mSupport.end());
     for (const std::wstring& folder : folders) {
         const std::wstring path = folder.empty() ? fileName : folder + L"\\" + fileName;
-        const std::wstring found = dbExistingFile(path);
-        if (!found.empty()) {
-            pathOut = dbHostPath(found);
+        const std::string found = acFileSystemPath(path);
+        if (isFile(found)) {
+            pathOut = acHostPath(found);
             return Acad::eOk;
         }
     }

@@ -2,8 +2,8 @@
 
 #include "AcDbDatabase.h"
 #include "DbObjectAccess.h"
-#include "DbPath.h"
 
+#include "AcPath.h"
 #include "AcUtText.h"
 
 #include <cstdio>
@@ -48,8 +48,8 @@ bool parsePattern(const std::wstring& line, std::vector<double>& dashes) {
     }
     return true;
 }
-bool readAll(const std::wstring& path, std::string& bytes) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(acToUtf8(path).c_str(), "rb"), std::fclose);
+bool readAll(const std::string& path, std::string& bytes) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
     if (file == nullptr)
         return false;
     char block[4096];
@@ -89,7 +89,7 @@ Acad::ErrorStatus AcDbDatabase::loadLineTypeFile(const ACHAR* name, const ACHAR*
         return Acad::eInvalidInput;
     std::wstring path;
     std::string bytes;
-    if (acdbHostApplicationServices()->findFile(path, file, this) != Acad::eOk || !readAll(dbExistingFile(path), bytes))
+    if (acdbHostApplicationServices()->findFile(path, file, this) != Acad::eOk || !readAll(acFileSystemPath(path), bytes))
         return Acad::eFileNotFound;
     const bool all = std::wstring_view(name) == L"*";
     bool found = false;
