@@ -61,3 +61,14 @@ function(korvant_test name)
   target_compile_definitions(${name} PRIVATE KORVANT_SOURCE_DIR="${CMAKE_SOURCE_DIR}" KORVANT_BINARY_DIR="${CMAKE_BINARY_DIR}")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST WORKING_DIRECTORY ${CMAKE_BINARY_DIR} PROPERTIES TIMEOUT 120)
 endfunction()
+
+# korvant_embed_text(TARGET FILE SYMBOL): the file's bytes become `const char* const SYMBOL`
+# and `const std::size_t SYMBOL_size` of the target; declare both extern where they are used.
+function(korvant_embed_text target file symbol)
+  cmake_path(ABSOLUTE_PATH file NORMALIZE)
+  set(output ${CMAKE_CURRENT_BINARY_DIR}/${symbol}_text.cpp)
+  add_custom_command(OUTPUT ${output}
+    COMMAND ${CMAKE_COMMAND} -DIN=${file} -DOUT=${output} -DSYMBOL=${symbol} -P ${CMAKE_SOURCE_DIR}/cmake/EmbedText.cmake
+    DEPENDS ${file} ${CMAKE_SOURCE_DIR}/cmake/EmbedText.cmake VERBATIM)
+  target_sources(${target} PRIVATE ${output})
+endfunction()

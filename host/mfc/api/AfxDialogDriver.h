@@ -1,5 +1,5 @@
 // Dialogs driven by lines instead of a mouse. While a modal window is open it asks the driver for
-// the next line and applies it. With no driver the windows run an event loop.
+// the next line and applies it.
 //
 // Lines: @show, @click ID, @set ID "text", @check ID on|off, @select ID ROW|"text",
 // @cell ID ROW COL "text", @tab "title", @ok, @cancel, @close, @shot "file.png". An ID is a
@@ -27,8 +27,12 @@ public:
         return false;
     }
 };
-// Null brings back the event loop. Returns the earlier one; the driver is not owned.
+// Null brings back the default: the editor's input (EdInput.h) where one is in force. Returns the
+// earlier one; the driver is not owned.
 AfxDialogDriver* AfxSetDialogDriver(AfxDialogDriver* driver);
+// Without a driver windows run an event loop (the program with a window says so at its start) and
+// the editor's input is not asked. With neither, nobody could answer: a modal window is cancelled.
+void AfxUseEventLoop(bool use);
 
 // Whether a window of the program is open, modal or not.
 bool AfxIsDialogOpen();

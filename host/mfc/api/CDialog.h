@@ -34,8 +34,6 @@ protected:
     virtual void OnOK();     // UpdateData(TRUE), then EndDialog(IDOK)
     virtual void OnCancel(); // EndDialog(IDCANCEL); also the title bar's close and Escape
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
-    // TRUE where the key was meant for the dialog's help button.
-    LPCTSTR m_lpszTemplateName = nullptr;
     UINT m_nIDTemplate = 0;
     CWnd* m_pParentWnd = nullptr;
 

@@ -32,10 +32,10 @@ public:
 
     void PreSubclassWindow() override;
 
+    struct Impl; // host side
+
     DECLARE_MESSAGE_MAP()
 
 private:
-    friend struct AfxDisplayCanvas;
-    struct Impl;
     std::unique_ptr<Impl> mImpl;
 };

@@ -1,0 +1,50 @@
+// The toolkit's application object and its few texts of its own, in Hungarian.
+#include "AfxDialogDriver.h"
+#include "app/AfxToolkitTexts.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QStyleFactory>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+bool hasScreen() {
+    const char* x11 = getenv("DISPLAY");
+    const char* wayland = getenv("WAYLAND_DISPLAY");
+    return (x11 != nullptr && *x11 != 0) || (wayland != nullptr && *wayland != 0);
+}
+
+struct Toolkit {
+    int argc = 1;
+    char name[8] = "korvant";
+    char* argv[2] = {name, nullptr};
+    AfxToolkitTexts texts;
+    QApplication application;
+
+    Toolkit() : application(argc, argv) {
+        application.setQuitOnLastWindowClosed(false);
+        application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QFont font(QStringLiteral("DejaVu Sans"));
+        font.setPointSize(8);
+        application.setFont(font);
+        application.setAttribute(Qt::AA_DontUseNativeDialogs);
+        QCoreApplication::installTranslator(&texts);
+    }
+};
+
+void prepare(bool offscreen) {
+    if ((offscreen || !hasScreen()) && getenv("QT_QPA_PLATFORM") == nullptr)
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("QT_LOGGING_RULES", "qt.qpa.*=false", 0); // the platform's notes are no business of the command line
+}
+} // namespace
+
+void AfxInitToolkit(bool offscreen) {
+    if (QCoreApplication::instance() != nullptr)
+        return;
+    prepare(offscreen);
+    // Never destroyed: windows of a module may go after the statics of this layer.
+    static Toolkit* const toolkit = new Toolkit;
+    (void)toolkit;
+}

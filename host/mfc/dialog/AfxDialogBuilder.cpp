@@ -1,0 +1,89 @@
+#include "dialog/AfxDialogBuilder.h"
+
+#include "AfxDialogDriver.h"
+#include "controls/AfxControlFactory.h"
+#include "core/AfxDispatch.h"
+#include "core/QtText.h"
+#include "dialog/AfxLayout.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QScreen>
+
+namespace {
+struct Made {
+    std::vector<QWidget*> widgets;
+    QButtonGroup* group = nullptr;
+    bool groupIsOpen = false;
+};
+
+// Option buttons in a row belong together until a control that begins a group.
+void joinGroup(QWidget& dialog, QWidget* widget, AfxKind kind, const RcControl& control, Made& made) {
+    if ((control.style & WS_GROUP) != 0)
+        made.groupIsOpen = false;
+    if (kind != AfxKind::Radio)
+        return;
+    if (!made.groupIsOpen)
+        made.group = new QButtonGroup(&dialog);
+    made.groupIsOpen = true;
+    made.group->addButton(static_cast<QAbstractButton*>(widget));
+}
+
+void addControl(CDialog& dialog, const RcControl& control, const AfxUnits& units, Made& made) {
+    QWidget& window = *dialog.window()->widget;
+    const AfxKind kind = afxKindOf(control);
+    QWidget* widget = afxMakeWidget(control, kind, &window, units.rect(control));
+    auto wrapper = afxMakeWrapper(kind);
+    afxBindControl(*wrapper, widget, kind, control, &dialog);
+    dialog.window()->made.push_back(std::move(wrapper));
+    joinGroup(window, widget, kind, control, made);
+    made.widgets.push_back(widget);
+}
+
+// A frame lies behind what stands in it, and the mouse goes through.
+void lowerFrames(const std::vector<QWidget*>& widgets) {
+    for (QWidget* widget : widgets)
+        if (qobject_cast<QGroupBox*>(widget) != nullptr) {
+            widget->lower();
+            widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+        }
+}
+
+QWidget* makeWindow(const RcDialog& source, CWnd* parent, bool isPage) {
+    QWidget* over = parent == nullptr || !parent->IsWindow() ? nullptr : parent->window()->widget.data();
+    if (isPage && over != nullptr)
+        return new QWidget(over);
+    Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    if ((source.style & WS_SYSMENU) != 0)
+        flags |= Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    if ((source.style & WS_MAXIMIZEBOX) != 0)
+        flags |= Qt::WindowMaximizeButtonHint;
+    return new QWidget(over == nullptr ? nullptr : over->window(), flags);
+}
+} // namespace
+
+void afxBuildDialog(CDialog& dialog, const RcDialog& source, CWnd* parent) {
+    AfxInitToolkit();
+    const bool isPage = (source.style & WS_CHILD) != 0 && parent != nullptr && parent->IsWindow();
+    QWidget* widget = makeWindow(source, parent, isPage);
+    widget->setFont(afxDialogFont(source));
+    const AfxUnits units(widget->font());
+    const QSize size(units.x(source.w), units.y(source.h));
+    widget->resize(size);
+    if (!isPage && (source.style & WS_THICKFRAME) == 0)
+        widget->setFixedSize(size);
+    else if (!isPage)
+        widget->setMinimumSize(size);
+    widget->setWindowTitle(toQt(source.caption));
+    afxAttach(dialog, widget, AfxKind::Dialog, isPage ? 0 : -1, source.style, parent);
+    dialog.window()->isTopLevel = !isPage;
+
+    Made made;
+    for (const RcControl& control : source.controls)
+        addControl(dialog, control, units, made);
+    lowerFrames(made.widgets);
+    afxMakeTextsFit(*widget, made.widgets);
+    for (std::size_t i = 1; i < made.widgets.size(); ++i)
+        QWidget::setTabOrder(made.widgets[i - 1], made.widgets[i]);
+}
