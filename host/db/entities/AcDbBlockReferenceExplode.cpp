@@ -57,6 +57,45 @@ Acad::ErrorStatus addConverted(const AcDbEntity& entity, const AcGeMatrix3d& mat
     return addParts(entity, matrix, copies);
 }
 
+// What an attribute shows, as a text or a paragraph of its own.
+std::unique_ptr<AcDbEntity> textOf(const AcDbAttribute& attribute) {
+    if (attribute.isMTextAttribute())
+        return std::unique_ptr<AcDbEntity>(attribute.getMTextAttribute());
+    auto text = std::make_unique<AcDbText>(attribute.position(), attribute.textStringConst(), attribute.textStyle(),
+                                           attribute.height(), attribute.rotation());
+    text->setAlignmentPoint(attribute.alignmentPoint());
+    text->setHorizontalMode(attribute.horizontalMode());
+    text->setVerticalMode(attribute.verticalMode());
+    text->setWidthFactor(attribute.widthFactor());
+    text->setOblique(attribute.oblique());
+    text->setNormal(attribute.normal());
+    text->mirrorInX(attribute.isMirroredInX());
+    text->mirrorInY(attribute.isMirroredInY());
+    return text;
+}
+
+// A copy outside the drawing cannot own attributes: what they show stands beside it.
+Acad::ErrorStatus addNestedReference(const AcDbBlockReference& source, const AcGeMatrix3d& matrix, Copies& copies) {
+    std::unique_ptr<AcDbBlockReference> copy(AcDbBlockReference::cast(source.clone()));
+    if (copy == nullptr)
+        return Acad::eCannotExplodeEntity;
+    DbObjectAccess::attributeIds(*copy).removeAll();
+    DbObjectAccess::sequenceEnd(*copy) = AcDbObjectId();
+    Acad::ErrorStatus es = copy->transformBy(matrix);
+    if (es == Acad::eOk)
+        copies.push_back(std::move(copy));
+    else if (es == Acad::eCannotScaleNonUniformly)
+        es = addParts(source, matrix, copies);
+    if (source.objectId().isNull())
+        return es;
+    for (const AcDbObjectId& id : source.attributeIds()) {
+        const DbReadAccess<AcDbAttribute> attribute(id);
+        if (es == Acad::eOk && attribute && !attribute->isInvisible())
+            es = addMade(textOf(*attribute.get()), *attribute.get(), matrix, copies);
+    }
+    return es;
+}
+
 // The vertices of a heavy polyline are objects of the drawing, which a copy outside it cannot have: a copy in the
 // plane is a light polyline.
 std::unique_ptr<AcDbEntity> lightPolyline(const AcDb2dPolyline& heavy) {
@@ -81,13 +120,11 @@ Acad::ErrorStatus addCopies(const AcDbEntity& entity, const AcGeMatrix3d& matrix
     }
     if (AcDb3dPolyline::cast(&entity) != nullptr)
         return addParts(entity, matrix, copies);
+    if (const AcDbBlockReference* nested = AcDbBlockReference::cast(&entity))
+        return addNestedReference(*nested, matrix, copies);
     std::unique_ptr<AcDbEntity> copy(AcDbEntity::cast(entity.clone()));
     if (copy == nullptr)
         return Acad::eCannotExplodeEntity;
-    if (AcDbBlockReference* nested = AcDbBlockReference::cast(copy.get())) {
-        DbObjectAccess::attributeIds(*nested).removeAll(); // they stay the source's
-        DbObjectAccess::sequenceEnd(*nested) = AcDbObjectId();
-    }
     const Acad::ErrorStatus es = copy->transformBy(matrix);
     if (es == Acad::eCannotScaleNonUniformly)
         return addConverted(entity, matrix, copies);

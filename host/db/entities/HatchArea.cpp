@@ -132,10 +132,28 @@ double dbEvenOddArea(const DbRings& rings) {
 }
 
 namespace {
+// A place inside a ring, hard by its edge: not on it, since loops may share edges, and not far from it, since an
+// island may lie there.
+AcGePoint2d placeInside(const DbRing& ring) {
+    std::vector<double> levels, hits;
+    for (const AcGePoint2d& p : ring)
+        levels.push_back(p.y);
+    std::sort(levels.begin(), levels.end());
+    std::size_t widest = 1;
+    for (std::size_t i = 2; i < levels.size(); ++i)
+        if (levels[i] - levels[i - 1] > levels[widest] - levels[widest - 1])
+            widest = i;
+    const double y = (levels[widest] + levels[widest - 1]) / 2.0;
+    for (std::size_t i = 0, k = ring.size() - 1; i < ring.size(); k = i++)
+        if ((ring[i].y > y) != (ring[k].y > y))
+            hits.push_back(ring[k].x + (ring[i].x - ring[k].x) * (y - ring[k].y) / (ring[i].y - ring[k].y));
+    std::sort(hits.begin(), hits.end());
+    return hits.size() < 2 ? ring[0] : AcGePoint2d(hits[0] + (hits[1] - hits[0]) * 1e-4, y);
+}
+
 // How many of the other rings lie round a ring: an even number and it fills, an odd one and it cuts.
 std::ptrdiff_t ringsAround(const DbRings& rings, std::size_t own) {
-    const DbRing& ring = rings[own];
-    const AcGePoint2d place((ring[0].x + ring[1].x) / 2.0, (ring[0].y + ring[1].y) / 2.0);
+    const AcGePoint2d place = placeInside(rings[own]);
     std::ptrdiff_t around = 0;
     for (std::size_t i = 0; i < rings.size(); ++i)
         around += i != own && inside(rings[i], place) ? 1 : 0;

@@ -112,6 +112,18 @@ TEST(HatchArea, islands_cut_and_islands_in_islands_fill) {
     addSquare(hatch, 20, 0, 3);
     EXPECT_NEAR(areaOf(hatch), 100 - 36 + 4 + 9, 1e-12);
 }
+TEST(HatchArea, loops_that_share_an_edge_add_up) {
+    for (const double x : {4.0, -4.0}) {
+        Hatch hatch;
+        addRing(hatch, {{0, 0}, {4, 0}, {4, 4}, {0, 4}});
+        addRing(hatch, {{x, 4}, {x, 0}, {x + 4, 0}, {x + 4, 4}});
+        EXPECT_NEAR(areaOf(hatch), 32, 1e-12);
+    }
+    Hatch inner; // an island at the edge
+    addSquare(inner, 0, 0, 4);
+    addSquare(inner, 0, 0, 2);
+    EXPECT_NEAR(areaOf(inner), 12, 1e-12);
+}
 TEST(HatchArea, of_loops_that_cross_leaves_out_what_both_cover) {
     Hatch hatch;
     addSquare(hatch, 0, 0, 4);
