@@ -1,0 +1,4 @@
+// TEXT.
+#include "DwgTexts.h"
+
+extern const DwgClassRow kDwgText = dwgClassRow<AcDbText>(0x01);
