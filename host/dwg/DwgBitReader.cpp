@@ -190,10 +190,10 @@ std::wstring DwgBitReader::TV() {
     return mText != nullptr ? mText->decode(raw) : std::wstring(raw.begin(), raw.end());
 }
 
-Adesk::UInt32 DwgBitReader::MC() {
-    Adesk::UInt32 value = 0;
-    for (unsigned shift = 0; shift < 35; shift += 7) {
-        const Adesk::UInt32 byte = RC();
+Adesk::UInt64 DwgBitReader::MC() {
+    Adesk::UInt64 value = 0;
+    for (unsigned shift = 0; shift < 63; shift += 7) {
+        const Adesk::UInt64 byte = RC();
         value |= (byte & 0x7FU) << shift;
         if ((byte & 0x80U) == 0)
             return value;

@@ -141,12 +141,12 @@ void DwgBitWriter::bytes(const Adesk::UInt8* source, std::size_t count) {
         RC(source[i]);
 }
 
-void DwgBitWriter::MC(Adesk::UInt32 value) {
+void DwgBitWriter::MC(Adesk::UInt64 value) {
     while (value >= 0x80U) {
-        RC((value & 0x7FU) | 0x80U);
+        RC(static_cast<unsigned>(value & 0x7FU) | 0x80U);
         value >>= 7U;
     }
-    RC(value);
+    RC(static_cast<unsigned>(value));
 }
 
 void DwgBitWriter::MCsigned(Adesk::Int32 value) {

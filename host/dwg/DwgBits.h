@@ -57,7 +57,7 @@ public:
     // A count of items of at least `least` bits each; fails when the stream cannot hold that many.
     std::size_t count(Adesk::Int64 number, std::size_t least);
     std::vector<Adesk::UInt8> bytes(std::size_t count);
-    Adesk::UInt32 MC();  // modular char, not negative
+    Adesk::UInt64 MC();  // modular char, not negative
     Adesk::Int32 MCsigned();
     Adesk::UInt32 MS();  // modular short
 
@@ -99,7 +99,7 @@ public:
     void TVbytes(std::string_view bytes);
     void TV(std::wstring_view text);
     void bytes(const Adesk::UInt8* bytes, std::size_t count);
-    void MC(Adesk::UInt32 value);
+    void MC(Adesk::UInt64 value);
     void MCsigned(Adesk::Int32 value);
     void MS(Adesk::UInt32 value);
     // Appends bits of another buffer.

@@ -13,7 +13,12 @@ class DwgIdSource {
 public:
     explicit DwgIdSource(AcDbDatabase& db) : mDb(db) {}
     AcDbDatabase& database() const { return mDb; }
-    AcDbObjectId id(Adesk::UInt64 handle) const { return handle == 0 ? AcDbObjectId() : DbObjectAccess::idFor(mDb, AcDbHandle(handle)); }
+    // A number that no drawing reaches is a damaged reference; taken as none, so that the next free
+    // handle does not run out of numbers.
+    AcDbObjectId id(Adesk::UInt64 handle) const {
+        return handle == 0 || handle >= kLargestHandle ? AcDbObjectId() : DbObjectAccess::idFor(mDb, AcDbHandle(handle));
+    }
+    static constexpr Adesk::UInt64 kLargestHandle = Adesk::UInt64{1} << 56U;
 
 private:
     AcDbDatabase& mDb;

@@ -99,27 +99,34 @@ void DwgHeaderVars::read(DwgBitReader& in) {
 }
 
 void DwgHeaderVars::write(DwgBitWriter& out) const {
-    const int penType = rowOf(L"CEPSNTYPE");
-    for (std::size_t i = 0; i < mValues.size(); ++i) {
-        const DwgVarValue& v = mValues[i];
-        switch (rows()[i].type) {
-        case DwgVarType::kBit: out.B(v.integer != 0); break;
-        case DwgVarType::kShort:
-        case DwgVarType::kColor: out.BS(static_cast<Adesk::Int16>(v.integer)); break;
-        case DwgVarType::kLong:
-        case DwgVarType::kFlags: out.BL(v.integer); break;
-        case DwgVarType::kReal: out.BD(v.real); break;
-        case DwgVarType::kPoint: out.BD3(v.point); break;
-        case DwgVarType::kPoint2: out.RD2({v.point.x, v.point.y}); break;
-        case DwgVarType::kText: out.TV(v.text); break;
-        case DwgVarType::kTime: writeTime(out, v.real); break;
-        case DwgVarType::kSeed: out.H(0, v.handle); break;
-        case DwgVarType::kOwner: out.H(3, v.handle); break;
-        case DwgVarType::kPointer: out.H(5, v.handle); break;
-        case DwgVarType::kPlotStyle:
-            if (at(penType).integer == 3)
-                out.H(5, v.handle);
-            break;
-        }
+    for (std::size_t row = 0; row < mValues.size(); ++row)
+        writeRow(out, row);
+}
+
+void DwgHeaderVars::writeRows(DwgBitWriter& out, const wchar_t* first, const wchar_t* last) const {
+    for (int row = rowOf(first); row <= rowOf(last); ++row)
+        writeRow(out, static_cast<std::size_t>(row));
+}
+
+void DwgHeaderVars::writeRow(DwgBitWriter& out, std::size_t row) const {
+    const DwgVarValue& v = mValues[row];
+    switch (rows()[row].type) {
+    case DwgVarType::kBit: out.B(v.integer != 0); break;
+    case DwgVarType::kShort:
+    case DwgVarType::kColor: out.BS(static_cast<Adesk::Int16>(v.integer)); break;
+    case DwgVarType::kLong:
+    case DwgVarType::kFlags: out.BL(v.integer); break;
+    case DwgVarType::kReal: out.BD(v.real); break;
+    case DwgVarType::kPoint: out.BD3(v.point); break;
+    case DwgVarType::kPoint2: out.RD2({v.point.x, v.point.y}); break;
+    case DwgVarType::kText: out.TV(v.text); break;
+    case DwgVarType::kTime: writeTime(out, v.real); break;
+    case DwgVarType::kSeed: out.H(0, v.handle); break;
+    case DwgVarType::kOwner: out.H(3, v.handle); break;
+    case DwgVarType::kPointer: out.H(5, v.handle); break;
+    case DwgVarType::kPlotStyle:
+        if (at(rowOf(L"CEPSNTYPE")).integer == 3)
+            out.H(5, v.handle);
+        break;
     }
 }

@@ -50,7 +50,10 @@ public:
     bool read(const DwgFile& file, const DwgTextCodec& text, DwgError& error);
     void read(DwgBitReader& in);
     void write(DwgBitWriter& out) const;
+    // The rows from one name to another, both included.
+    void writeRows(DwgBitWriter& out, const wchar_t* first, const wchar_t* last) const;
 
 private:
+    void writeRow(DwgBitWriter& out, std::size_t row) const;
     std::vector<DwgVarValue> mValues;
 };

@@ -31,3 +31,11 @@ template <> struct DbObjectAccess::DwgFields<AcDbDictionary> {
     }
 };
 extern const DwgClassRow kDwgDictionary = dwgClassRow<AcDbDictionary>(0x2A);
+
+template <> struct DbObjectAccess::DwgFields<AcDbDictionaryWithDefault> {
+    template <class Stream> static void file(Stream& s, AcDbDictionaryWithDefault& dictionary) {
+        DwgFields<AcDbDictionary>::file(s, dictionary);
+        s.H(5, dictionary.mDefault);
+    }
+};
+extern const DwgClassRow kDwgDictionaryWithDefault = dwgClassRow<AcDbDictionaryWithDefault>(0, L"ACDBDICTIONARYWDFLT");
