@@ -4,7 +4,6 @@
 #include "DwgFileFiler.h"
 #include "DwgRaw.h"
 
-#include <cstring>
 
 namespace {
 bool isEntityClass(const void* context, int type) {
@@ -17,7 +16,7 @@ bool isEntityClass(const void* context, int type) {
 constexpr int kLayerType = 0x33, kAppType = 0x43;
 } // namespace
 
-DwgReader::DwgReader(AcDbDatabase& db, const DwgFile& file) : mDb(db), mFile(file), mText(file.codePage()), mIds(db) {}
+DwgReader::DwgReader(AcDbDatabase& db, const DwgFile& file) : mDb(db), mFile(file), mText(dwgTextCodec(file.codePage())), mIds(db) {}
 
 bool DwgReader::read(DwgError& error) {
     if (!mVars.read(mFile, mText, error) || !dwgReadClasses(mFile, mText, mClasses, error) || !mFile.records(mRecords, error) || !readNames(error))

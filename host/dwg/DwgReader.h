@@ -34,7 +34,7 @@ private:
 
     AcDbDatabase& mDb;
     const DwgFile& mFile;
-    DwgTextCodec mText;
+    const DwgTextCodec& mText;
     DwgIdSource mIds;
     DwgHeaderVars mVars;
     std::vector<DwgClassEntry> mClasses;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <iconv.h>
+#include <map>
 
 namespace {
 struct PageName {
@@ -146,4 +147,9 @@ std::string DwgTextCodec::encode(std::wstring_view text) const {
             appendEscape(bytes, c);
     }
     return bytes;
+}
+
+const DwgTextCodec& dwgTextCodec(int codePage) {
+    static std::map<int, DwgTextCodec> codecs;
+    return codecs.try_emplace(codePage, codePage).first->second;
 }

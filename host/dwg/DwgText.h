@@ -22,3 +22,6 @@ private:
     std::array<wchar_t, 256> mToWide{};
     std::array<std::uint8_t, 0x10000> mToByte{}; // 0: not in the code page (but for NUL itself)
 };
+
+// A codec of that page that lives as long as the program: making one is costly.
+const DwgTextCodec& dwgTextCodec(int codePage);

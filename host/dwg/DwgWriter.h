@@ -9,6 +9,7 @@
 #include "DwgHeaderVars.h"
 
 struct DwgRawParts;
+class DwgPictureRecorder;
 
 class DwgWriter {
 public:
@@ -48,7 +49,7 @@ private:
 
     AcDbDatabase& mDb;
     bool mWasLoading = false;
-    DwgTextCodec mText;
+    const DwgTextCodec& mText;
     DwgWriteContext mContext;
     DwgHeaderVars mVars;
     DwgNames mNames;
@@ -56,6 +57,7 @@ private:
     std::unordered_map<std::wstring, int> mClassNumbers; // by C++ name
     std::unordered_map<AcDbObjectId, Links> mLinks;
     std::vector<AcDbObjectId> mIds;
+    std::unique_ptr<DwgPictureRecorder> mRecorder;
     DwgBitWriter mData, mHandles; // of the record being written
     std::vector<DwgMapEntry> mMap;
     std::vector<Adesk::UInt8> mObjects; // all records with sizes and checksums
