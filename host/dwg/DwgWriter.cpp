@@ -56,6 +56,8 @@ void DwgWriter::writeObject(AcDbObject& object) {
     const AcDbObjectImpData* data = DbObjectAccess::dataIfAny(object);
     if (row == nullptr && data != nullptr && data->raw)
         writeRaw(object, *data->raw);
+    else if (row != nullptr && row->keepsBits && data != nullptr && data->raw && keptAsItCame(object, *row, *data->raw))
+        appendRecord(data->raw->bytes.data(), data->raw->bytes.size());
     else
         writeFields(object, row);
 }
@@ -95,6 +97,25 @@ void DwgWriter::writeRaw(AcDbObject& object, const DbRawRecord& raw) {
     mData.copyBits(raw.bytes.data(), parts.layout.fields, parts.layout.dataEnd);
     dwgWriteOwnReferences(mHandles, raw, parts);
     finishRecord(sizeAt);
+}
+
+// Whether neither the head nor a field that is modelled has changed since the record was read.
+bool DwgWriter::keptAsItCame(AcDbObject& object, const DwgClassRow& row, const DbRawRecord& raw) {
+    DwgRawParts parts;
+    if (raw.referencesChanged || !dwgCutRaw(raw, row.isEntity, parts) || !sameAsRaw(commonOf(object, typeOf(object, &row)), parts))
+        return false;
+    DwgBitReader data(raw.bytes.data(), raw.bytes.size(), &mText), handles(raw.bytes.data(), raw.bytes.size());
+    data.setEnd(parts.layout.dataEnd);
+    data.setPosition(parts.layout.fields);
+    handles.setPosition(parts.layout.handles);
+    const DwgIdSource ids(mDb);
+    DwgIn in(ids, data, handles, parts.common.handle);
+    const std::unique_ptr<AcDbObject> was = row.make();
+    row.read(in, *was);
+    AcDbRecordingFiler before, now;
+    was->dwgOutFields(&before);
+    object.dwgOutFields(&now);
+    return before.lines() == now.lines();
 }
 
 // Equal in meaning: the bits of a stranger may spell the same value otherwise.

@@ -44,6 +44,7 @@ private:
     void commonOfEntity(AcDbEntity& entity, DwgCommonData& common);
     void recordGraphics(AcDbEntity& entity, DwgCommonData& common);
     bool sameAsRaw(const DwgCommonData& common, const DwgRawParts& parts) const;
+    bool keptAsItCame(AcDbObject& object, const DwgClassRow& row, const DbRawRecord& raw);
     void finishRecord(std::size_t sizeAt);
     void appendRecord(const Adesk::UInt8* bytes, std::size_t size);
 

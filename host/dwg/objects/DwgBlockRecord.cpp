@@ -62,6 +62,8 @@ template <> struct DbObjectAccess::DwgFields<AcDbBlockTableRecord> {
         const std::wstring& name = DbObjectAccess::name(block);
         if (name.size() > 1 && name[0] == L'*' && block.mLayout.isNull())
             block.mFlags |= kAnonymous;
+        if (!block.mLayout.isNull())
+            return; // a layout asks for no attributes (observed in the drawings)
         block.mFlags &= static_cast<Adesk::UInt16>(~kHasDefinitions);
         for (const AcDbObjectId id : entities)
             if (AcDbAttributeDefinition::cast(DbObjectAccess::peek(id)) != nullptr) {

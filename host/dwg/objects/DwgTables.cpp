@@ -83,10 +83,10 @@ template <> struct DbObjectAccess::DwgFields<AcDbLinetypeTable> {
         AcDbObjectIdArray others;
         readRecords(s, others, count);
         DbObjectAccess::records(table).removeAll();
-        readRecords(s, DbObjectAccess::records(table), 2); // by layer and by block, in the order of the drawings seen
+        readRecords(s, DbObjectAccess::records(table), 2); // by block and by layer
         DbObjectAccess::records(table).append(others);
     }
-    static void file(DwgOut& s, AcDbLinetypeTable& table) { writeWithTwoApart(s, DbObjectAccess::records(table), L"ByLayer", L"ByBlock"); }
+    static void file(DwgOut& s, AcDbLinetypeTable& table) { writeWithTwoApart(s, DbObjectAccess::records(table), L"ByBlock", L"ByLayer"); }
 };
 template <> struct DbObjectAccess::DwgFields<AcDbDimStyleTable> {
     static void file(DwgIn& s, AcDbDimStyleTable& table) {

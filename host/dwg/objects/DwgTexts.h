@@ -61,7 +61,8 @@ template <> struct DbObjectAccess::DwgFields<AcDbText> {
             s.BS(text.mVerticalMode);
         if constexpr (Stream::kReading) {
             text.mPosition = dwgToWorld({flat.x, flat.y, place.z}, text.mNormal);
-            if ((flags & kNoAlignment) == 0)
+            // A text that needs no alignment point has none, even where a file spells out zeros.
+            if ((flags & kNoAlignment) == 0 && !(text.isDefaultAlignment() && second.x == 0.0 && second.y == 0.0))
                 text.mAlignmentPoint = dwgToWorld({second.x, second.y, place.z}, text.mNormal);
         }
     }
