@@ -37,17 +37,10 @@ AcDbObjectId entryId(AcDbObjectId dictionaryId, const std::wstring& name) {
 }
 AcDbObjectId recordId(AcDbObjectId tableId, const std::wstring& name) {
     const AcDbSymbolTable* const table = AcDbSymbolTable::cast(DbObjectAccess::peek(tableId));
-    if (table == nullptr)
-        return AcDbObjectId::kNull;
-    for (const AcDbObjectId id : table->recordIds()) {
-        AcDbSymbolTableRecord* const record = AcDbSymbolTableRecord::cast(DbObjectAccess::peek(id));
-        if (record != nullptr && !id.isErased() && acutWcsicmp(nameOf(*record).c_str(), name.c_str()) == 0)
-            return id;
-    }
-    return AcDbObjectId::kNull;
+    return table != nullptr ? DbObjectAccess::findRecord(*table, name.c_str()) : AcDbObjectId::kNull;
 }
-bool isAnonymousBlock(AcDbObject& object) {
-    AcDbBlockTableRecord* const block = AcDbBlockTableRecord::cast(&object);
+bool isAnonymousBlock(const AcDbObject& object) {
+    const AcDbBlockTableRecord* const block = AcDbBlockTableRecord::cast(&object);
     return block != nullptr && block->isAnonymous();
 }
 // The owner's own list of what it owns.
@@ -108,12 +101,29 @@ Acad::ErrorStatus DbCloner::add(AcDbObjectId id, AcDbObjectId owner) {
         es = addRecord(id, true);
     else if (!mSameDatabase && AcDbDictionary::cast(ownerObject) != nullptr)
         es = addEntry(id, owner, true);
-    else if (es = file(id, owner, true); es == Acad::eOk)
+    else if (es = file(id, owner, true); es == Acad::eOk) {
+        nameCopy(mMap[id], id);
         listWithOwner(owner, mMap[id]);
+    }
     // What the new items need, item by item; more items come as they are looked at.
     for (; es == Acad::eOk && mFollowed < mItems.size(); ++mFollowed)
         follow(*mItems[mFollowed]);
     return es;
+}
+
+// A copy of a table record within its drawing needs a name of its own.
+void DbCloner::nameCopy(AcDbObjectId to, AcDbObjectId from) const {
+    AcDbSymbolTableRecord* const copy = AcDbSymbolTableRecord::cast(DbObjectAccess::peek(to));
+    if (copy == nullptr)
+        return;
+    AcDbSymbolTableRecord& original = *AcDbSymbolTableRecord::cast(DbObjectAccess::peek(from));
+    std::wstring& name = DbObjectAccess::name(*copy);
+    if (isAnonymousBlock(original)) {
+        name = dbAnonymousBlockName(mTarget, nameOf(original).substr(0, 2));
+        return;
+    }
+    for (int number = 1; name.empty() || !recordId(original.ownerId(), name).isNull(); ++number)
+        name = nameOf(original) + L"$" + std::to_wstring(number);
 }
 
 Acad::ErrorStatus DbCloner::file(AcDbObjectId id, AcDbObjectId owner, bool primary, AcDbObjectId existing) {
@@ -191,9 +201,8 @@ Acad::ErrorStatus DbCloner::addRecord(AcDbObjectId id, bool primary) {
     if (es != Acad::eOk || !existing.isNull())
         return es;
     AcDbSymbolTableRecord& copy = *AcDbSymbolTableRecord::cast(DbObjectAccess::peek(mMap[id]));
-    DbObjectAccess::name(copy) = nameOf(*record); // so that the next of its kind sees the name taken
-    if (isAnonymousBlock(copy))
-        DbObjectAccess::name(copy) = dbAnonymousBlockName(mTarget, nameOf(*record).substr(0, 2));
+    const bool numbered = isAnonymousBlock(*record); // its number may be taken here
+    DbObjectAccess::name(copy) = numbered ? dbAnonymousBlockName(mTarget, nameOf(*record).substr(0, 2)) : nameOf(*record);
     listWithOwner(table, mMap[id]);
     return es;
 }

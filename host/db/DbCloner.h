@@ -32,6 +32,7 @@ private:
     };
     bool isKnown(AcDbObjectId id) const { return mMap.find(id) != mMap.end(); }
     Acad::ErrorStatus file(AcDbObjectId id, AcDbObjectId owner, bool primary, AcDbObjectId existing = {});
+    void nameCopy(AcDbObjectId to, AcDbObjectId from) const;
     void follow(const Item& item);
     void followPointer(AcDbObjectId id);
     Acad::ErrorStatus addRecord(AcDbObjectId id, bool primary);

@@ -102,6 +102,8 @@ struct DbObjectAccess {
         AcDbObjectId id;
     };
     static std::vector<FiledId> filedIds(const AcDbDeepCloneFiler& filer);
+    // The record of that name that is not erased, whoever has the table open; null when absent.
+    static AcDbObjectId findRecord(const AcDbSymbolTable& table, const ACHAR* name) { return table.find(name); }
     // Names of table records have changed without setName or add.
     static void namesChanged();
     static auto& modified(AcDbObject& object) { return object.mModified; }

@@ -316,3 +316,18 @@ TEST(Codec, reading_and_saving_go_through_the_registered_one) {
     acdbSetFileCodec({});
     EXPECT_EQ(db.readDwgFile(L"y.dwg"), Acad::eNotImplementedYet);
 }
+TEST(DeepClone, a_table_record_gets_a_name_of_its_own) {
+    Library library;
+    AcDbDatabase& db = library.db;
+    AcDbObjectIdArray objects;
+    objects.append(library.block);
+    AcDbIdMapping map;
+    ASSERT_EQ(db.deepCloneObjects(objects, db.blockTableId(), map), Acad::eOk);
+    AcDbIdPair pair;
+    pair.key = library.block;
+    ASSERT_TRUE(map.compute(pair));
+    EXPECT_EQ(nameOf(pair.value), L"Jel$1");
+    EXPECT_EQ(nameOf(library.block), L"Jel");
+    ASSERT_EQ(liveEntities(pair.value).length(), 1);
+    EXPECT_EQ(AcDbObjectPointer<AcDbEntity>(liveEntities(pair.value)[0])->ownerId(), pair.value);
+}
