@@ -285,8 +285,11 @@ AcPrintSink& sink() {
     static AcPrintSink theSink;
     return theSink;
 }
+bool gAtLineStart = true;
 int print(const ACHAR* format, va_list args) {
     const std::wstring text = acFormatV(format, args);
+    if (!text.empty())
+        gAtLineStart = text.back() == L'\n';
     if (sink()) {
         sink()(text);
     } else {
@@ -318,6 +321,9 @@ int acutSPrintf(ACHAR* buffer, std::size_t size, const ACHAR* format, ...) {
     const std::size_t taken = text.copy(buffer, size - 1);
     buffer[taken] = 0;
     return taken < text.size() ? -1 : static_cast<int>(taken);
+}
+bool acPrintAtLineStart() {
+    return gAtLineStart;
 }
 int acutPrintf(const ACHAR* format, ...) {
     va_list args;

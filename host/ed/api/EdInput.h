@@ -21,6 +21,10 @@ public:
     virtual void refuse(const std::wstring& reason) = 0;
     // A point the cursor rests on while a jig drags; the console has none.
     virtual std::optional<AcGePoint3d> cursor() { return std::nullopt; }
+    // False where each line is one whole answer, blanks included (the arguments of a nested command).
+    virtual bool splitsAtBlanks() const { return true; }
+    // True where a cancel at the Command prompt is not the end of the input (a terminal, a window).
+    virtual bool continuesAfterCancel() const { return false; }
     // True when the user asked to break off (Ctrl-C) since the last call.
     virtual bool breakRequested() { return false; }
 };

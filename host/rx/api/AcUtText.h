@@ -12,6 +12,8 @@
 #include <string>
 #include <string_view>
 
+// True when the command line stands at the beginning of a line.
+bool acPrintAtLineStart();
 // Prints to the command line. Returns the number of characters.
 int acutPrintf(const ACHAR* format, ...);
 int acdbPrintf(const ACHAR* format, ...); // the same; kept for code below the editor

@@ -1,0 +1,100 @@
+#include "EdInputStack.h"
+
+#include "AcUtText.h"
+#include "EdParse.h"
+
+EdInput* edInput() {
+    return EdInputStack::instance().top();
+}
+void edPushInput(EdInput* input) {
+    EdInputStack::instance().push(input);
+}
+void edPopInput() {
+    EdInputStack::instance().pop();
+}
+
+void edFreshLine() {
+    if (!acPrintAtLineStart())
+        acutPrintf(L"\n");
+}
+
+EdInputStack& EdInputStack::instance() {
+    static EdInputStack theStack;
+    return theStack;
+}
+EdInput* EdInputStack::top() const {
+    return mFrames.empty() ? nullptr : mFrames.back().input;
+}
+void EdInputStack::push(EdInput* input) {
+    mFrames.emplace_back();
+    mFrames.back().input = input;
+}
+void EdInputStack::pop() {
+    if (!mFrames.empty())
+        mFrames.pop_back();
+}
+void EdInputStack::typeAhead(const std::wstring& lines) {
+    if (mFrames.empty())
+        return;
+    std::wstring text = lines;
+    if (!text.empty() && text.back() == L'\n')
+        text.pop_back();
+    for (std::wstring& line : edSplitAt(text, L'\n'))
+        mFrames.back().ahead.push_back(std::move(line));
+}
+std::optional<std::wstring> EdInputStack::takePending() {
+    if (mFrames.empty())
+        return std::nullopt;
+    Frame& frame = mFrames.back();
+    if (frame.pending) {
+        std::optional<std::wstring> line = std::move(frame.pending);
+        frame.pending.reset();
+        return line;
+    }
+    if (frame.ahead.empty())
+        return std::nullopt;
+    std::wstring line = std::move(frame.ahead.front());
+    frame.ahead.pop_front();
+    return line;
+}
+void EdInputStack::dropPending() {
+    if (mFrames.empty())
+        return;
+    mFrames.back().pending.reset();
+    mFrames.back().ahead.clear();
+}
+void EdInputStack::refuse(const std::wstring& reason) {
+    mRefused = true;
+    mCancelled = true;
+    dropPending();
+    if (EdInput* const input = top())
+        input->refuse(reason);
+}
+std::optional<std::wstring> EdInputStack::nextRaw(const std::wstring& prompt) {
+    if (auto line = takePending()) {
+        acutPrintf(L"%s\n", line->c_str());
+        return line;
+    }
+    EdInput* const input = top();
+    return input != nullptr ? input->nextLine(prompt) : std::nullopt;
+}
+std::optional<std::wstring> EdInputStack::ask(const std::wstring& prompt, EdTake take) {
+    acutPrintf(L"%s", prompt.c_str());
+    auto line = nextRaw(prompt);
+    if (line && (*line == L"^C" || *line == L"*Cancel*" || *line == L"\x1b")) {
+        acutPrintf(L"*Cancel*\n");
+        line.reset();
+    }
+    if (!line) {
+        edFreshLine();
+        mCancelled = true;
+        dropPending();
+        return std::nullopt;
+    }
+    if (take == EdTake::kWholeLine || mFrames.empty() || !mFrames.back().input->splitsAtBlanks())
+        return line;
+    EdSplitLine split = edSplitLine(*line);
+    if (!split.rest.empty())
+        mFrames.back().pending = std::move(split.rest);
+    return std::move(split.first);
+}

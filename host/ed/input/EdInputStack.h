@@ -1,0 +1,51 @@
+// The inputs in force and what has been typed ahead. Every prompt of the editor reads its answer here.
+#pragma once
+
+#include "EdInput.h"
+
+#include <deque>
+#include <optional>
+#include <string>
+
+// How a line becomes an answer.
+enum class EdTake {
+    kWord,     // up to the first blank; the rest answers the prompts that follow
+    kWholeLine // all of it
+};
+
+class EdInputStack {
+public:
+    static EdInputStack& instance();
+    EdInput* top() const;
+    void push(EdInput* input);
+    void pop();
+    // Shows the prompt and takes the next answer. Nothing when the input ended or the user cancelled (a
+    // line ^C or *Cancel*); the command that asks is then marked as cancelled.
+    std::optional<std::wstring> ask(const std::wstring& prompt, EdTake take);
+    // Lines to be taken before the input is asked.
+    void typeAhead(const std::wstring& lines);
+    // The line behind an answer that is not used up, all of it; for a dialog.
+    std::optional<std::wstring> takePending();
+    void dropPending();
+    bool hasPending() const { return !mFrames.empty() && (mFrames.back().pending || !mFrames.back().ahead.empty()); }
+    // Tells that what was answered cannot be taken. The run ends after the command unwinds.
+    void refuse(const std::wstring& reason);
+
+    bool cancelled() const { return mCancelled; }
+    void setCancelled(bool cancelled) { mCancelled = cancelled; }
+    bool refused() const { return mRefused; }
+    void setRefused(bool refused) { mRefused = refused; }
+
+private:
+    struct Frame {
+        EdInput* input = nullptr;
+        std::optional<std::wstring> pending; // behind a blank; null: nothing
+        std::deque<std::wstring> ahead;
+    };
+    std::optional<std::wstring> nextRaw(const std::wstring& prompt);
+    std::deque<Frame> mFrames;
+    bool mCancelled = false, mRefused = false;
+};
+
+// Ends the line on the command line unless it has just begun.
+void edFreshLine();
