@@ -154,6 +154,16 @@ void acrxSendToModules(AcRx::AppMsgCode code, void* packet) {
     }
 }
 
+bool acrxSendToModule(const std::wstring& pathOrName, AcRx::AppMsgCode code, void* packet) {
+    const std::wstring full = resolvedPath(pathOrName);
+    for (const auto& module : modules().loaded)
+        if (module->path == pathOrName || module->path == full) {
+            send(*module, code, packet);
+            return true;
+        }
+    return false;
+}
+
 std::wstring acrxCurrentModulePath() {
     const Modules& all = modules();
     std::wstring path = all.calling.empty() ? all.lastPath : all.calling.back()->path;

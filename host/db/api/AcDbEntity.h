@@ -129,6 +129,9 @@ public:
     void* appData() const { return mAppData; }
     void setAppData(void* data) { mAppData = data; } // released with the function below, if one is set
     void setAppDataFreeFunc(AppDataFreePtr f) { mFree = f; }
+    // What listings call the grip; empty where its class gives it no name.
+    const ACHAR* gripName() const { return mName.c_str(); }
+    void setGripName(const ACHAR* name) { mName = name != nullptr ? name : L""; }
     GripOpStatusPtr gripOpStatFunc() const { return mStatus; }
     void setGripOpStatFunc(GripOpStatusPtr f) { mStatus = f; }
     GripHotGripPtr hotGripFunc() const { return mHot; }
@@ -148,6 +151,7 @@ private:
     enum Flag : Adesk::UInt32 { kRubberBandOff = 2, kKeywordsOff = 4 };
     void setFlag(Adesk::UInt32 flag, bool on) { mFlags = on ? (mFlags | flag) : (mFlags & ~flag); }
     AcGePoint3d mPoint;
+    std::wstring mName;
     void* mAppData = nullptr;
     AppDataFreePtr mFree = nullptr;
     GripOpStatusPtr mStatus = nullptr;

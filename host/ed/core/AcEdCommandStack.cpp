@@ -1,6 +1,6 @@
 #include "AcEdCommandStack.h"
 
-#include "EdParse.h"
+#include "input/EdParse.h"
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 #include "AcEdAds.h"
 #include "EdCommandRunner.h"
 #include "EdDocuments.h"
-#include "EdSets.h"
+#include "select/EdSets.h"
 #include "EdSysVars.h"
 
 #include <cstdarg>

@@ -1,6 +1,6 @@
 #include "EdAliases.h"
 
-#include "EdParse.h"
+#include "input/EdParse.h"
 
 namespace {
 constexpr const wchar_t* kAliases[][2] = {

@@ -2,11 +2,11 @@
 
 #include "AcUtText.h"
 #include "EdAliases.h"
-#include "EdAnswerInput.h"
+#include "input/EdAnswerInput.h"
 #include "EdDocuments.h"
 #include "EdEditor.h"
-#include "EdInputStack.h"
-#include "EdParse.h"
+#include "input/EdInputStack.h"
+#include "input/EdParse.h"
 #include "EdSysVars.h"
 
 #include <exception>

@@ -1,7 +1,7 @@
 #include "EdProperties.h"
 
 #include "DbObjectAccess.h"
-#include "EdParse.h"
+#include "input/EdParse.h"
 
 #include <algorithm>
 #include <cstdlib>

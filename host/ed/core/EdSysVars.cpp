@@ -4,8 +4,8 @@
 #include "EdDocuments.h"
 #include "EdEditor.h"
 #include "EdHeaderVars.h"
-#include "EdParse.h"
-#include "EdPrompt.h"
+#include "input/EdParse.h"
+#include "input/EdPrompt.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 // The table of system variables. One row a variable.
 #include "AcDbAnnotationScale.h"
 #include "EdDocuments.h"
-#include "EdParse.h"
+#include "input/EdParse.h"
 #include "EdProperties.h"
-#include "EdPrompt.h"
+#include "input/EdPrompt.h"
 #include "EdSysVars.h"
 #include "EdView.h"
 

@@ -1,7 +1,7 @@
 #include "AcEdJig.h"
 
 #include "AcUtText.h"
-#include "EdDocuments.h"
+#include "core/EdDocuments.h"
 #include "EdInputStack.h"
 #include "EdPrompt.h"
 

@@ -1,6 +1,6 @@
 // The asking functions of the API, over EdPrompt.
 #include "AcEdAds.h"
-#include "EdDocuments.h"
+#include "core/EdDocuments.h"
 #include "EdInputStack.h"
 #include "EdParse.h"
 #include "EdPrompt.h"

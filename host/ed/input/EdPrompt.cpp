@@ -2,7 +2,7 @@
 
 #include "AcUtText.h"
 #include "EdInputStack.h"
-#include "EdOsnap.h"
+#include "select/EdOsnap.h"
 #include "EdParse.h"
 
 namespace {

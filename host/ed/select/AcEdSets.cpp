@@ -1,9 +1,9 @@
 // Selection sets of the API.
 #include "AcEdAds.h"
-#include "EdDocuments.h"
-#include "EdParse.h"
+#include "core/EdDocuments.h"
+#include "input/EdParse.h"
 #include "EdPick.h"
-#include "EdProperties.h"
+#include "core/EdProperties.h"
 #include "EdSelect.h"
 #include "EdSets.h"
 

@@ -1,8 +1,8 @@
 #include "EdOsnap.h"
 
 #include "AcUtText.h"
-#include "EdDocuments.h"
-#include "EdParse.h"
+#include "core/EdDocuments.h"
+#include "input/EdParse.h"
 #include "EdPick.h"
 
 namespace {

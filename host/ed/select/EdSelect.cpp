@@ -1,13 +1,13 @@
 #include "EdSelect.h"
 
 #include "AcUtText.h"
-#include "EdDocuments.h"
-#include "EdInputStack.h"
-#include "EdParse.h"
+#include "core/EdDocuments.h"
+#include "input/EdInputStack.h"
+#include "input/EdParse.h"
 #include "EdPick.h"
 #include "EdSets.h"
-#include "EdStyleResolver.h"
-#include "EdSysVars.h"
+#include "core/EdStyleResolver.h"
+#include "core/EdSysVars.h"
 
 #include <unordered_set>
 

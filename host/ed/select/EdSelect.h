@@ -2,7 +2,7 @@
 #pragma once
 
 #include "AcDbDatabase.h"
-#include "EdPrompt.h"
+#include "input/EdPrompt.h"
 
 #include <functional>
 #include <optional>

@@ -43,6 +43,8 @@ AcRxModuleLoadResult acrxLoadModule(const std::wstring& name, AcRxEntryPoint ent
 bool acrxUnloadModule(const std::wstring& pathOrName);
 // Sends the message to every loaded module, in load order.
 void acrxSendToModules(AcRx::AppMsgCode code, void* packet = nullptr);
+// Sends it to the one module of that path or name; false when no such module is loaded.
+bool acrxSendToModule(const std::wstring& pathOrName, AcRx::AppMsgCode code, void* packet = nullptr);
 // The full path, with backslashes, of the module that is being called or was loaded last;
 // what acedGetAppName returns.
 std::wstring acrxCurrentModulePath();

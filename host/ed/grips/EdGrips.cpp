@@ -1,0 +1,70 @@
+#include "EdGrips.h"
+
+#include "core/EdDocuments.h"
+#include "core/EdSysVars.h"
+#include "core/EdView.h"
+
+namespace {
+void appendGripsOf(const AcDbEntity& entity, std::vector<EdGrip>& grips) {
+    AcDbGripDataPtrArray data;
+    const double pixel = edPixelSize(*edDatabase());
+    if (entity.getGripPoints(data, pixel, EdSysVars::instance().getShort(L"GRIPSIZE"), AcGeVector3d::kZAxis, 0) == Acad::eOk) {
+        for (AcDbGripData* const one : data)
+            grips.push_back({entity.objectId(), one->gripPoint(), std::shared_ptr<AcDbGripData>(one), -1});
+        return;
+    }
+    for (AcDbGripData* const one : data)
+        delete one;
+    AcGePoint3dArray points;
+    AcIntArray modes, ids;
+    if (entity.getGripPoints(points, modes, ids) != Acad::eOk)
+        return;
+    for (int i = 0; i < points.length(); ++i)
+        grips.push_back({entity.objectId(), points[i], nullptr, i});
+}
+void tell(const EdGrip& grip, AcDbGripOperations::GripStatus status) {
+    if (grip.data && grip.data->gripOpStatFunc() != nullptr)
+        grip.data->gripOpStatFunc()(grip.data.get(), grip.entity, status);
+}
+Acad::ErrorStatus move(const EdGrip& grip, const AcGeVector3d& offset) {
+    AcDbObjectPointer<AcDbEntity> entity(grip.entity, AcDb::kForWrite);
+    if (!entity)
+        return entity.openStatus();
+    Acad::ErrorStatus es;
+    if (grip.data) {
+        AcDbVoidPtrArray data;
+        data.append(grip.data->appData());
+        es = entity->moveGripPointsAt(data, offset, 0);
+    } else {
+        AcIntArray indices;
+        indices.append(grip.pointIndex);
+        es = entity->moveGripPointsAt(indices, offset);
+    }
+    if (es == Acad::eOk)
+        entity->recordGraphicsModified();
+    return es;
+}
+} // namespace
+
+std::vector<EdGrip> edGripsOf(const AcDbObjectIdArray& ids) {
+    std::vector<EdGrip> grips;
+    for (const AcDbObjectId id : ids)
+        if (const AcDbObjectPointer<AcDbEntity> entity(id); entity)
+            appendGripsOf(*entity.object(), grips);
+    return grips;
+}
+Acad::ErrorStatus edDragGrip(const EdGrip& grip, const AcGeVector3d& offset) {
+    tell(grip, AcDbGripOperations::kGripStart);
+    const Acad::ErrorStatus es = move(grip, offset);
+    // The hook opens the object itself, so it is closed by now.
+    tell(grip, es == Acad::eOk ? AcDbGripOperations::kGripEnd : AcDbGripOperations::kGripAbort);
+    return es;
+}
+void edClickGrip(const EdGrip& grip) {
+    if (grip.data && grip.data->hotGripFunc() != nullptr) {
+        grip.data->hotGripFunc()(grip.data.get(), grip.entity, 0);
+        return;
+    }
+    tell(grip, AcDbGripOperations::kGripStart);
+    tell(grip, AcDbGripOperations::kGripEnd);
+}
