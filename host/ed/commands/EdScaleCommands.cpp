@@ -41,13 +41,12 @@ void addScale() {
         if (!EdPrompt(L"Enter scale ratio (paper units:drawing units): ").noNull().text(ratio, true).ok())
             return;
         const auto parts = edSplitAt(ratio, L':');
-        const auto p = parts.size() == 2 ? edParseReal(edTrim(parts[0])) : std::nullopt;
-        const auto d = parts.size() == 2 ? edParseReal(edTrim(parts[1])) : std::nullopt;
-        if (p && d && *p > 0.0 && *d > 0.0) {
-            paper = *p;
-            drawing = *d;
-            break;
+        if (parts.size() == 2) {
+            paper = edParseReal(edTrim(parts[0])).value_or(0.0);
+            drawing = edParseReal(edTrim(parts[1])).value_or(0.0);
         }
+        if (paper > 0.0 && drawing > 0.0)
+            break;
         if (!refusals.again(L"A ratio is two positive numbers with a colon between them.", ratio))
             return;
     }

@@ -90,7 +90,7 @@ std::wstring edLineWeightName(AcDb::LineWeight weight) {
         return L"ByBlock";
     if (weight == AcDb::kLnWtByLwDefault)
         return L"Default";
-    return acFormat(L"%.2f", weight / 100.0);
+    return acFormat(L"%.2f", static_cast<int>(weight) / 100.0);
 }
 
 std::wstring edTypeName(const AcDbObject& object) {

@@ -1,4 +1,5 @@
 // Selection sets of the API.
+#include "AcDbBlockReference.h"
 #include "AcEdAds.h"
 #include "core/EdDocuments.h"
 #include "input/EdParse.h"
