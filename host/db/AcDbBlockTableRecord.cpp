@@ -15,7 +15,9 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
         return Acad::eNullEntityPointer;
     if (database() == nullptr)
         return Acad::eNotInDatabase;
-    assertWriteEnabled();
+    // The list of entities is not filed for undo: an appended entity is taken back by erasing it, and
+    // a space of ten thousand entities would be filed for every one that is added.
+    assertWriteEnabled(false);
     const Acad::ErrorStatus es = DbObjectAccess::adopt(*database(), *entity, objectId(), id);
     if (es != Acad::eOk)
         return es;

@@ -160,7 +160,8 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
     if (es != Acad::eOk)
         return es;
     stub->erased = erasing;
-    DbObjectAccess::namesChanged();
+    if (isKindOf(AcDbSymbolTableRecord::desc()))
+        DbObjectAccess::namesChanged();
     AcDbObjectPointer<AcDbObject> extension(extensionDictionary(), AcDb::kForWrite, true);
     if (extension)
         extension->erase(erasing);

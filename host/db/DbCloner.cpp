@@ -8,7 +8,7 @@ namespace {
 // Opens by force for a change that undo must know of, whatever others have open.
 class ForcedChange {
 public:
-    explicit ForcedChange(AcDbObjectId id) : mWrite(*id.stub()) { id.stub()->object->assertWriteEnabled(); }
+    explicit ForcedChange(AcDbObjectId id, bool undo = true) : mWrite(*id.stub()) { id.stub()->object->assertWriteEnabled(undo); }
 
 private:
     DbForcedWrite mWrite;
@@ -47,7 +47,7 @@ bool isAnonymousBlock(const AcDbObject& object) {
 void listWithOwner(AcDbObjectId ownerId, AcDbObjectId id) {
     AcDbObject* const owner = DbObjectAccess::peek(ownerId);
     if (AcDbBlockTableRecord* const block = AcDbBlockTableRecord::cast(owner)) {
-        const ForcedChange change(ownerId);
+        const ForcedChange change(ownerId, false); // as when an entity is appended
         DbObjectAccess::entities(*block).append(id);
     } else if (AcDbSymbolTable* const table = AcDbSymbolTable::cast(owner)) {
         const ForcedChange change(ownerId);

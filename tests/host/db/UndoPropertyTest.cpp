@@ -13,13 +13,23 @@
 #include <memory>
 
 namespace {
+// A block's list keeps erased entities, which are no part of the drawing.
+void listBlock(const AcDbBlockTableRecord& block, std::vector<std::wstring>& lines) {
+    lines.push_back(block.name() + L" " + block.comments());
+    for (const AcDbObjectId id : block.entityIds())
+        if (!id.isErased())
+            lines.push_back(id.handle().text());
+}
 // Everything that stands in the drawing, object by object.
 std::vector<std::wstring> listing(AcDbDatabase& db) {
     std::vector<std::wstring> lines;
     for (const AcDbObjectId id : DbObjectAccess::allIds(db)) {
         AcDbObjectPointer<AcDbObject> object(id);
         AcDbRecordingFiler filer;
-        object->dwgOut(&filer);
+        if (const AcDbBlockTableRecord* const block = AcDbBlockTableRecord::cast(object.object()))
+            listBlock(*block, lines);
+        else
+            object->dwgOut(&filer);
         lines.push_back(id.handle().text() + L" " + object->isA()->name() + L" of " + object->ownerId().handle().text());
         lines.insert(lines.end(), filer.lines().begin(), filer.lines().end());
         for (const AcDbObjectId reactor : object->persistentReactors())
@@ -44,6 +54,7 @@ public:
         case 6: addLayer(argument); break;
         case 7: mDb.setLtscale(1.0 + argument); break;
         case 8: insertBlock(); break;
+        case 9: AcDbObjectPointer<AcDbBlockTableRecord>(mDb.modelSpaceId(), AcDb::kForWrite)->setComments(std::to_wstring(argument).c_str()); break;
         default: copyOne(argument); break;
         }
     }
@@ -123,7 +134,7 @@ TEST(UndoProperty, any_sequence_of_commands_goes_back_and_forth) {
             db.startUndoRecord();
             const int operations = *rc::gen::inRange(1, 6);
             for (int i = 0; i < operations; ++i) {
-                const int operation = *rc::gen::inRange(0, 10), argument = *rc::gen::inRange(0, 20);
+                const int operation = *rc::gen::inRange(0, 11), argument = *rc::gen::inRange(0, 20);
                 session.run(operation, argument);
             }
             if (std::vector<std::wstring> now = listing(db); now != states.back())
