@@ -75,7 +75,7 @@ namespace {
 void stretchBetween(AcDbText& text, const AcGiTextStyle& style) {
     const DbPlane plane(text.normal());
     const AcGeVector3d along = text.alignmentPoint() - text.position();
-    const GiTextOutline outline = giTextOutline(text.textStringConst(), style);
+    const GiTextOutline outline = giTextBox(text.textStringConst(), style);
     const double ink = style.backward ? -outline.minPoint.x : outline.maxPoint.x;
     if (!(along.length() > 0.0) || !(ink > 0.0))
         return;

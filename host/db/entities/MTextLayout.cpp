@@ -7,7 +7,7 @@ namespace {
 constexpr double kLinePitch = 5.0 / 3.0; // from base line to base line, in heights
 
 double widthOf(const std::wstring& text, const AcGiTextStyle& style) {
-    return text.empty() ? 0.0 : giTextOutline(text, style).advance;
+    return text.empty() ? 0.0 : giTextBox(text, style).advance;
 }
 
 // Share of its width that a line lies left of the location, and share of the block's height above it.

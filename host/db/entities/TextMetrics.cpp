@@ -19,7 +19,7 @@ AcGiTextStyle dbTextStyle(AcDbObjectId style, const AcDbDatabase* database) {
 namespace {
 // Bottom of letters with a tail: the same for every text of a style, so that lines of texts agree.
 double descent(const AcGiTextStyle& style) {
-    return giTextOutline(L"g", style).minPoint.y;
+    return giTextBox(L"g", style).minPoint.y;
 }
 
 double horizontalAnchor(const GiTextOutline& outline, const AcGiTextStyle& style, AcDb::TextHorzMode mode) {
@@ -52,7 +52,7 @@ double verticalAnchor(const AcGiTextStyle& style, AcDb::TextVertMode mode) {
 
 AcGePoint2d dbAnchorOf(const std::wstring& text, const AcGiTextStyle& style, AcDb::TextHorzMode horizontal,
                        AcDb::TextVertMode vertical) {
-    const GiTextOutline outline = giTextOutline(text, style);
+    const GiTextOutline outline = giTextBox(text, style);
     const double x = horizontalAnchor(outline, style, horizontal);
     if (horizontal == AcDb::kTextMid) // the middle of the ink, whatever the vertical mode
         return {x, (outline.minPoint.y + outline.maxPoint.y) / 2.0};

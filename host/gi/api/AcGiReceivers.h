@@ -163,6 +163,8 @@ struct GiTextOutline {
 };
 // deviation 0 takes 1/200 of the height. Control codes are expanded.
 GiTextOutline giTextOutline(const std::wstring& text, const AcGiTextStyle& style, double deviation = 0.0);
+// The same without the rings, for callers that only measure.
+GiTextOutline giTextBox(const std::wstring& text, const AcGiTextStyle& style);
 // Control codes: %%d degree, %%p plus-minus, %%c diameter, %%nnn a character, %%u %%o dropped.
 std::wstring giExpandControlCodes(const std::wstring& text);
 

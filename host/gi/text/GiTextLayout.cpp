@@ -161,18 +161,32 @@ void giFlattenGlyph(const GiPlacedGlyph& placed, double deviation, AcGiFillLoops
     }
 }
 
-GiTextOutline giTextOutline(const std::wstring& text, const AcGiTextStyle& style, double deviation) {
-    const GiTextLayout layout = giLayText(text, style, {}, {1.0, 0.0, 0.0}, {0.0, 1.0, 0.0});
-    const double finest = deviation > 0.0 ? deviation : style.height * kDefaultDeviation;
+namespace {
+GiTextLayout layAtOrigin(const std::wstring& text, const AcGiTextStyle& style) {
+    return giLayText(text, style, {}, {1.0, 0.0, 0.0}, {0.0, 1.0, 0.0});
+}
+GiTextOutline measured(const GiTextLayout& layout) {
     GiTextOutline outline;
     outline.advance = layout.advance;
-    for (const GiPlacedGlyph& glyph : layout.glyphs)
-        giFlattenGlyph(glyph, finest, outline.loops);
     AcDbExtents box;
     giAddTextExtents(layout, box);
     if (box.isValid()) {
         outline.minPoint = {box.minPoint().x, box.minPoint().y};
         outline.maxPoint = {box.maxPoint().x, box.maxPoint().y};
     }
+    return outline;
+}
+} // namespace
+
+GiTextOutline giTextBox(const std::wstring& text, const AcGiTextStyle& style) {
+    return measured(layAtOrigin(text, style));
+}
+
+GiTextOutline giTextOutline(const std::wstring& text, const AcGiTextStyle& style, double deviation) {
+    const GiTextLayout layout = layAtOrigin(text, style);
+    const double finest = deviation > 0.0 ? deviation : style.height * kDefaultDeviation;
+    GiTextOutline outline = measured(layout);
+    for (const GiPlacedGlyph& glyph : layout.glyphs)
+        giFlattenGlyph(glyph, finest, outline.loops);
     return outline;
 }

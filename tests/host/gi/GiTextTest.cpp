@@ -107,6 +107,17 @@ TEST(TextOutline, the_ink_box_bounds_the_outline_closely) {
     EXPECT_LE(fine.minPoint.x, box.minPoint().x + 1e-12);
     EXPECT_GE(fine.maxPoint.y, box.maxPoint().y - 1e-12);
 }
+TEST(TextOutline, measuring_alone_gives_the_box_and_the_advance_of_the_outline) {
+    AcGiTextStyle style;
+    style.height = 2.5;
+    style.obliqueAngle = 0.2;
+    const GiTextOutline outline = giTextOutline(L"Tábla g12", style), box = giTextBox(L"Tábla g12", style);
+    EXPECT_TRUE(box.loops.empty());
+    EXPECT_EQ(box.minPoint, outline.minPoint);
+    EXPECT_EQ(box.maxPoint, outline.maxPoint);
+    EXPECT_EQ(box.advance, outline.advance);
+}
+
 TEST(TextOutline, an_unknown_font_is_shown_in_the_drafting_font) {
     EXPECT_TRUE(sameLoops(giTextOutline(L"Út 12", styleOf(L"no such font")), giTextOutline(L"Út 12", styleOf(L"osifont"))));
     EXPECT_FALSE(sameLoops(giTextOutline(L"Út 12", styleOf(L"Arial")), giTextOutline(L"Út 12", styleOf(L"osifont"))));
