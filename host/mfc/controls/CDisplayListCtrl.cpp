@@ -1,7 +1,7 @@
 #include "CDisplayListCtrl.h"
 
+#include "GiPaint.h"
 #include "controls/AfxDisplayCanvas.h"
-#include "controls/AfxPaintSink.h"
 #include "core/AfxWindow.h"
 #include "core/QtText.h"
 
@@ -126,14 +126,16 @@ void AfxDisplayCanvas::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), mImpl.background);
     if (mImpl.list == nullptr)
         return;
-    painter.setRenderHint(QPainter::Antialiasing);
-    QTransform toScreen;
-    toScreen.translate(width() / 2.0, height() / 2.0);
-    toScreen.scale(mImpl.scale, -mImpl.scale);
-    toScreen.translate(-mImpl.center.x, -mImpl.center.y);
-    const GiStyleResolver& resolver = mImpl.resolver != nullptr ? *mImpl.resolver : kPlainResolver;
-    AfxPaintSink sink(painter, toScreen, mImpl.background.lightness() < 128);
-    giFlatten(*mImpl.list, resolver, 0.25 / mImpl.scale, sink);
+    GiPaintView view;
+    view.center = mImpl.center;
+    view.centerX = width() / 2.0;
+    view.centerY = height() / 2.0;
+    view.pixelsPerUnit = mImpl.scale;
+    view.right = width();
+    view.bottom = height();
+    view.thinnest = 1.2; // a hair line of one pixel fades when it lies between two
+    view.foregroundRgb = mImpl.background.lightness() < 128 ? 0xFFFFFF : 0x000000;
+    paintDisplayList(painter, *mImpl.list, mImpl.resolver != nullptr ? *mImpl.resolver : kPlainResolver, view);
 }
 
 void AfxDisplayCanvas::mouseMoveEvent(QMouseEvent* event) {

@@ -10,7 +10,16 @@
 #include "core/QtText.h"
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QScreen>
+
+namespace {
+// A screen in memory has no order of windows and would complain.
+void raise(QWidget& widget) {
+    if (!widget.isWindow() || QGuiApplication::platformName() != QStringLiteral("offscreen"))
+        widget.raise();
+}
+} // namespace
 
 const AFX_MSGMAP* CWnd::GetThisMessageMap() {
     static const AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, nullptr}};
@@ -178,7 +187,7 @@ BOOL CWnd::SetWindowPos(const CWnd*, int x, int y, int cx, int cy, UINT flags) {
     if ((flags & SWP_NOMOVE) == 0)
         widget.move(x, y);
     if ((flags & SWP_NOZORDER) == 0)
-        widget.raise();
+        raise(widget);
     if ((flags & SWP_SHOWWINDOW) != 0)
         widget.show();
     if ((flags & SWP_HIDEWINDOW) != 0)
@@ -188,7 +197,7 @@ BOOL CWnd::SetWindowPos(const CWnd*, int x, int y, int cx, int cy, UINT flags) {
 
 void CWnd::BringWindowToTop() {
     if (IsWindow())
-        mWindow->widget->raise();
+        raise(*mWindow->widget);
 }
 
 void CWnd::CenterWindow() {

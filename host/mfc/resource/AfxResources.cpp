@@ -4,6 +4,7 @@
 #include "AfxApp.h"
 #include "resource/RcStyles.h"
 
+#include <algorithm>
 #include <cwctype>
 
 namespace {
@@ -73,10 +74,14 @@ const RcPicture* afxPictureResource(const std::wstring& key) {
 }
 
 std::wstring afxControlSymbol(int id) {
-    for (const auto& [name, number] : resources().symbols)
-        if (number == id && (name.rfind(L"IDC_", 0) == 0 || name.rfind(L"ID", 0) == 0) && name.rfind(L"IDD_", 0) != 0 &&
-            name.rfind(L"IDS_", 0) != 0 && name.rfind(L"IDB_", 0) != 0)
+    if (const wchar_t* standard = rcStandardName(id))
+        return standard;
+    static const wchar_t* kOthers[] = {L"IDD_", L"IDS_", L"IDB_", L"IDI_", L"IDR_"}; // the same number may name another thing
+    for (const auto& [name, number] : resources().symbols) {
+        const auto begins = [&name = name](const wchar_t* prefix) { return name.rfind(prefix, 0) == 0; };
+        if (number == id && std::none_of(std::begin(kOthers), std::end(kOthers), begins))
             return name;
+    }
     return {};
 }
 

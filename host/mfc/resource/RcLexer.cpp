@@ -53,12 +53,15 @@ bool RcLexer::skipBlanks() {
             while (mAt < mText.size() && at() != L'\n')
                 step();
         } else if (at() == L'/' && at(1) == L'*') {
+            const bool wasLineStart = mAtLineStart;
+            const int line = mLine;
             step(), step();
             while (mAt < mText.size() && !(at() == L'*' && at(1) == L'/'))
                 step();
             if (mAt >= mText.size())
                 return false;
             step(), step();
+            mAtLineStart = wasLineStart || mLine != line; // a directive may follow a comment
         } else {
             break;
         }

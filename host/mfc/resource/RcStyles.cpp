@@ -55,3 +55,10 @@ std::optional<int> rcStandardId(const std::wstring& name) {
             return id.value;
     return std::nullopt;
 }
+
+const wchar_t* rcStandardName(int number) {
+    for (const Id& id : kIds)
+        if (id.value == number)
+            return id.name;
+    return nullptr;
+}

@@ -8,3 +8,4 @@
 
 std::optional<DWORD> rcStyle(const std::wstring& name);
 std::optional<int> rcStandardId(const std::wstring& name);
+const wchar_t* rcStandardName(int id); // null where the id is no standard one
