@@ -19,9 +19,14 @@ public:
         return handle == 0 || handle >= kLargestHandle ? AcDbObjectId() : DbObjectAccess::idFor(mDb, AcDbHandle(handle));
     }
     static constexpr Adesk::UInt64 kLargestHandle = Adesk::UInt64{1} << 56U;
+    // The names that begin markers of blocks repeat, by the marker's handle. A block record with a "*"
+    // name holds it without its number, the marker with it.
+    void noteBlockName(Adesk::UInt64 marker, const std::wstring& name) const { mBlockNames[marker] = name; }
+    const std::unordered_map<Adesk::UInt64, std::wstring>& blockNames() const { return mBlockNames; }
 
 private:
     AcDbDatabase& mDb;
+    mutable std::unordered_map<Adesk::UInt64, std::wstring> mBlockNames;
 };
 
 class DwgIn {

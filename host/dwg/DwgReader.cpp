@@ -28,6 +28,7 @@ bool DwgReader::read(DwgError& error) {
     if (!setTables(error))
         return false;
     setHeader();
+    setBlockNames();
     dwgResolveLists(mDb, mNext);
     DbObjectAccess::classes(mDb) = mClasses;
     mDb.setThumbnailBitmap(mFile.preview());

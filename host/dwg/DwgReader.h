@@ -30,6 +30,7 @@ private:
     const DwgClassEntry* classOf(int type) const;
     bool setTables(DwgError& error);
     void setHeader();
+    void setBlockNames();
     void readCustomFields();
 
     AcDbDatabase& mDb;

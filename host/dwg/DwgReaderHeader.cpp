@@ -26,3 +26,15 @@ void DwgReader::setHeader() {
     if (mVars[L"HANDSEED"].handle < DwgIdSource::kLargestHandle)
         DbObjectAccess::setHandseed(mDb, AcDbHandle(mVars[L"HANDSEED"].handle));
 }
+
+void DwgReader::setBlockNames() {
+    for (const AcDbObjectId id : DbObjectAccess::allIds(mDb)) {
+        auto* block = AcDbBlockTableRecord::cast(DbObjectAccess::peek(id));
+        if (block == nullptr)
+            continue;
+        std::wstring& name = DbObjectAccess::name(*block);
+        const auto whole = mIds.blockNames().find(block->blockBeginId().handle());
+        if (whole != mIds.blockNames().end() && !name.empty() && name[0] == L'*' && whole->second.rfind(name, 0) == 0)
+            name = whole->second;
+    }
+}

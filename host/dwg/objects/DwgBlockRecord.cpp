@@ -72,9 +72,20 @@ template <> struct DbObjectAccess::DwgFields<AcDbBlockTableRecord> {
             }
     }
 
+    // "*D3" stands as "*D" in the record, with its number in the begin marker (observed in the
+    // drawings); the reader puts the whole name back.
+    static std::wstring withoutNumber(std::wstring name) {
+        if (!name.empty() && name[0] == L'*')
+            while (name.size() > 2 && name.back() >= L'0' && name.back() <= L'9')
+                name.pop_back();
+        return name;
+    }
     template <class Stream> static void head(Stream& s, AcDbBlockTableRecord& block) {
         DwgRecordName name;
-        name.file(s, DbObjectAccess::name(block));
+        std::wstring filed = withoutNumber(DbObjectAccess::name(block));
+        name.file(s, filed);
+        if constexpr (Stream::kReading)
+            DbObjectAccess::name(block) = filed;
         unsigned flags = block.mFlags;
         flag(s, flags, kAnonymous);
         flag(s, flags, kHasDefinitions);

@@ -7,9 +7,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbHatch> {
     static constexpr std::size_t kLeastLoopBits = 6, kLeastEdgeBits = 16, kPointBits = 128;
 
     template <class Stream> static void file(Stream& s, AcDbHatch& hatch) {
-        AcGePoint3d elevation(0.0, 0.0, hatch.mElevation);
-        s.BD3(elevation);
-        hatch.mElevation = elevation.z;
+        s.BD(hatch.mElevation);
         s.BD3(hatch.mNormal);
         s.TV(hatch.mPatternName);
         s.B(hatch.mSolid);

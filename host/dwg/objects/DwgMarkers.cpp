@@ -1,11 +1,12 @@
 // BLOCK, ENDBLK and SEQEND: Open Design Specification, chapters of these names. A block's begin
-// marker repeats its name, which is the block record's to keep.
+// marker holds its whole name (see DwgBlockRecord).
 #include "DwgClassRow.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbBlockBegin> {
     static void file(DwgIn& s, AcDbBlockBegin&) {
-        std::wstring repeated;
-        s.TV(repeated);
+        std::wstring name;
+        s.TV(name);
+        s.ids().noteBlockName(s.self(), name);
     }
     static void file(DwgOut& s, AcDbBlockBegin& begin) {
         const auto* block = AcDbBlockTableRecord::cast(DbObjectAccess::peek(begin.ownerId()));
