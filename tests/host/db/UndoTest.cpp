@@ -2,10 +2,9 @@
 #include "AcDbDatabase.h"
 #include "AcDbEntities.h"
 #include "DbObjectAccess.h"
+#include "Timing.h"
 
 #include <gtest/gtest.h>
-
-#include <chrono>
 
 namespace {
 AcDbObjectId addLine(AcDbDatabase& db, double length = 1.0) {
@@ -186,7 +185,7 @@ TEST(Undo, ten_thousand_objects_are_recorded_and_taken_back_quickly) {
     db.undo();
     EXPECT_DOUBLE_EQ(lengthOf(ids[5000]), 1.0);
     RecordProperty("milliseconds", std::to_string(recorded.count()));
-    EXPECT_LT(recorded.count(), 100.0);
+    EXPECT_LT(recorded.count(), 200.0 * kTimingSlack);
 }
 TEST(Changes, mark_the_drawing_until_it_is_saved) {
     AcDbDatabase db;
