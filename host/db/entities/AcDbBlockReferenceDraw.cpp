@@ -5,38 +5,21 @@
 #include "ReadAccess.h"
 
 namespace {
-// What was given to the reference goes to the traits, so that what the block leaves to its reference takes it;
-// what was not is left as the owner of the drawing set it: a reference held by a custom entity then
-// shows in that entity's own properties.
-class ReferenceTraits {
+// Puts the traits back when it ends.
+class TraitsKeeper {
 public:
-    ReferenceTraits(const AcDbBlockReference& reference, AcGiSubEntityTraits& traits)
+    explicit TraitsKeeper(AcGiSubEntityTraits& traits)
         : mTraits(traits), mColor(traits.trueColor()), mLayer(traits.layerId()), mLineType(traits.lineTypeId()),
-          mScale(traits.lineTypeScale()), mWeight(traits.lineWeight()) {
-        const GiTraits own = reference.startTraits();
-        const bool resident = !reference.objectId().isNull();
-        const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-        const auto given = [&](AcDbObjectId id, AcDbObjectId none) { return resident || (!id.isNull() && id != none); };
-        if (given(own.layer, database != nullptr ? database->layerZero() : AcDbObjectId::kNull))
-            mTraits.setLayer(own.layer);
-        if (given(own.lineType, database != nullptr ? database->byLayerLinetype() : AcDbObjectId::kNull))
-            mTraits.setLineType(own.lineType);
-        if (resident || !own.color.isByLayer())
-            mTraits.setTrueColor(own.color);
-        if (resident || own.lineWeight != AcDb::kLnWtByLayer)
-            mTraits.setLineWeight(own.lineWeight);
-        if (resident || own.lineTypeScale != 1.0)
-            mTraits.setLineTypeScale(own.lineTypeScale);
-    }
-    ~ReferenceTraits() {
+          mScale(traits.lineTypeScale()), mWeight(traits.lineWeight()) {}
+    ~TraitsKeeper() {
         mTraits.setTrueColor(mColor);
         mTraits.setLayer(mLayer);
         mTraits.setLineType(mLineType);
         mTraits.setLineTypeScale(mScale);
         mTraits.setLineWeight(mWeight);
     }
-    ReferenceTraits(const ReferenceTraits&) = delete;
-    ReferenceTraits& operator=(const ReferenceTraits&) = delete;
+    TraitsKeeper(const TraitsKeeper&) = delete;
+    TraitsKeeper& operator=(const TraitsKeeper&) = delete;
 
 private:
     AcGiSubEntityTraits& mTraits;
@@ -45,6 +28,46 @@ private:
     double mScale;
     AcDb::LineWeight mWeight;
 };
+
+// What was given to the reference goes to the traits, so that what the block leaves to its reference takes it;
+// what was not is left as the owner of the drawing set it: a reference held by a custom entity then
+// shows in that entity's own properties.
+void giveTraits(const AcDbBlockReference& reference, AcGiSubEntityTraits& traits) {
+    const GiTraits own = reference.startTraits();
+    const bool resident = !reference.objectId().isNull();
+    const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    const auto given = [&](AcDbObjectId id, AcDbObjectId none) { return resident || (!id.isNull() && id != none); };
+    if (given(own.layer, database != nullptr ? database->layerZero() : AcDbObjectId::kNull))
+        traits.setLayer(own.layer);
+    if (given(own.lineType, database != nullptr ? database->byLayerLinetype() : AcDbObjectId::kNull))
+        traits.setLineType(own.lineType);
+    if (resident || !own.color.isByLayer())
+        traits.setTrueColor(own.color);
+    if (resident || own.lineWeight != AcDb::kLnWtByLayer)
+        traits.setLineWeight(own.lineWeight);
+    if (resident || own.lineTypeScale != 1.0)
+        traits.setLineTypeScale(own.lineTypeScale);
+}
+
+// An attribute stands beside the block's picture, yet what it leaves to its block is the reference's, whose
+// properties the traits hold now.
+bool drawAttribute(AcDbAttribute& attribute, AcGiWorldDraw& worldDraw) {
+    if (attribute.isInvisible() || attribute.visibility() == AcDb::kInvisible)
+        return true;
+    AcGiSubEntityTraits& traits = worldDraw.subEntityTraits();
+    const TraitsKeeper keeper(traits);
+    const GiTraits own = attribute.startTraits();
+    const AcDbDatabase* database = attribute.database();
+    traits.setLayer(own.layer);
+    traits.setLineTypeScale(own.lineTypeScale);
+    if (!own.color.isByBlock())
+        traits.setTrueColor(own.color);
+    if (own.lineWeight != AcDb::kLnWtByBlock)
+        traits.setLineWeight(own.lineWeight);
+    if (database == nullptr || own.lineType != database->byBlockLinetype())
+        traits.setLineType(own.lineType);
+    return attribute.worldDraw(&worldDraw);
+}
 
 bool drawBlock(const AcDbBlockReference& reference, AcGiWorldDraw& worldDraw) {
     const DbReadAccess<AcDbBlockTableRecord> block(reference.blockTableRecord());
@@ -60,16 +83,15 @@ bool drawBlock(const AcDbBlockReference& reference, AcGiWorldDraw& worldDraw) {
 
 bool AcDbBlockReference::subWorldDraw(AcGiWorldDraw* worldDraw) {
     assertReadEnabled();
-    const ReferenceTraits traits(*this, worldDraw->subEntityTraits());
+    const TraitsKeeper keeper(worldDraw->subEntityTraits());
+    giveTraits(*this, worldDraw->subEntityTraits());
     if (!drawBlock(*this, *worldDraw))
         return false;
     if (objectId().isNull()) // a copy's attributes are still the other reference's
         return true;
-    for (const AcDbObjectId& id : mAttributes) {
-        const DbReadAccess<AcDbAttribute> attribute(id);
-        if (attribute && !attribute->isInvisible() && worldDraw->geometry().draw(attribute.get()))
+    for (const AcDbObjectId& id : mAttributes)
+        if (const DbReadAccess<AcDbAttribute> attribute(id); attribute && !drawAttribute(*attribute.get(), *worldDraw))
             return false;
-    }
     return true;
 }
 

@@ -196,6 +196,30 @@ TEST_F(BlockReferenceTest, what_the_block_leaves_to_it_takes_its_own_properties)
     EXPECT_TRUE(instance.picture->primitives[0].traits.color.isByBlock());
 }
 
+TEST_F(BlockReferenceTest, an_attribute_takes_by_block_properties_from_its_reference) {
+    auto* coloured = new AcDbBlockReference({0, 0, 0}, addBlock(L"B", {line({0, 0, 0}, {1, 0, 0})}));
+    coloured->setColorIndex(4);
+    coloured->setLineWeight(AcDb::kLnWt070);
+    const AcDbObjectId id = addToModel(coloured);
+    AcDbAttribute* byBlock = attribute(L"one", {0, 5, 0});
+    byBlock->setColorIndex(0);
+    byBlock->setLineWeight(AcDb::kLnWtByBlock);
+    append(id, byBlock);
+    AcDbAttribute* own = attribute(L"two", {0, 7, 0});
+    own->setColorIndex(1);
+    append(id, own);
+    AcDbAttribute* unseen = attribute(L"three", {0, 9, 0});
+    unseen->setVisibility(AcDb::kInvisible);
+    append(id, unseen);
+    const AcDbObjectPointer<AcDbBlockReference> reference(id);
+    const GiDisplayList picture = pictureOf(*reference.object());
+    ASSERT_EQ(picture.primitives.size(), 3u);
+    EXPECT_EQ(picture.primitives[1].traits.color.colorIndex(), 4);
+    EXPECT_EQ(picture.primitives[1].traits.lineWeight, AcDb::kLnWt070);
+    EXPECT_EQ(picture.primitives[2].traits.color.colorIndex(), 1);
+    EXPECT_EQ(picture.primitives[2].traits.lineWeight, AcDb::kLnWtByLayer);
+}
+
 TEST_F(BlockReferenceTest, held_by_value_shows_in_the_properties_of_its_owner) {
     class Owner : public AcGiDrawable {
     public:
