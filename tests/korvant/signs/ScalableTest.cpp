@@ -114,7 +114,9 @@ TEST_F(Scalable, files_its_records_as_typed_fields_in_ascending_order) {
     probe.TrfcScalable::dwgOutFields(&filer);
     const auto lines = filer.lines();
     EXPECT_EQ(linesWith(lines, L"writeUInt32"), Calls{L"writeUInt32 7"});
-    EXPECT_EQ(linesWith(lines, L"writeInt16 "), (Calls{L"writeInt16 2", L"writeInt16 500", L"writeInt16 1000"}));
+    const auto shorts = linesWith(lines, L"writeInt16 "); // the entity's own come first
+    ASSERT_GE(shorts.size(), 3u);
+    EXPECT_EQ(Calls(shorts.end() - 3, shorts.end()), (Calls{L"writeInt16 2", L"writeInt16 500", L"writeInt16 1000"}));
     const auto doubles = linesWith(lines, L"writeDouble");
     ASSERT_GE(doubles.size(), 2u);
     EXPECT_EQ(doubles[doubles.size() - 2], L"writeDouble 1");
