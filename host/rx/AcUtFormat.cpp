@@ -325,6 +325,9 @@ int acutSPrintf(ACHAR* buffer, std::size_t size, const ACHAR* format, ...) {
 bool acPrintAtLineStart() {
     return gAtLineStart;
 }
+void acNoteLineStart() {
+    gAtLineStart = true;
+}
 int acutPrintf(const ACHAR* format, ...) {
     va_list args;
     va_start(args, format);

@@ -62,7 +62,7 @@ AcDbObjectId askBlock(AcDbDatabase& db, bool& explode) {
     for (;;) {
         std::wstring name;
         const std::wstring offered = gLastBlock.empty() ? L": " : L" <" + gLastBlock + L">: ";
-        const EdReply reply = EdPrompt(L"Enter block name or [?]" + offered).text(name, true);
+        const EdReply reply = EdPrompt(L"Enter block name or [?]" + offered).name(name);
         if (reply.cancelled())
             return AcDbObjectId::kNull;
         name = reply.none() ? gLastBlock : edTrim(name);
@@ -235,7 +235,7 @@ void edCmdBlock() {
     std::wstring name;
     EdRefusals refusals;
     for (;;) {
-        if (!EdPrompt(L"Enter block name or [?]: ").noNull().text(name, true).ok())
+        if (!EdPrompt(L"Enter block name or [?]: ").noNull().name(name).ok())
             return;
         name = edTrim(name);
         if (name == L"?") {

@@ -2,35 +2,40 @@
 #include "EdCommandKit.h"
 #include "EdHostCommands.h"
 
-#include "core/EdStyleResolver.h"
 #include "grips/EdGrips.h"
 
 namespace {
+// By its index in the listing, or the first of that name.
+const EdGrip* findGrip(const std::vector<EdGrip>& grips, const std::wstring& answer) {
+    if (const auto index = edParseInt(answer))
+        return *index >= 0 && static_cast<std::size_t>(*index) < grips.size() ? &grips[static_cast<std::size_t>(*index)] : nullptr;
+    for (const EdGrip& grip : grips)
+        if (edSameWord(grip.name(), answer))
+            return &grip;
+    return nullptr;
+}
+bool isMovable(const EdGrip& grip) {
+    const AcDbObjectPointer<AcDbEntity> entity(grip.entity);
+    if (entity && edIsOnLockedLayer(*entity.object()))
+        edSay(L"The object is on a locked layer.");
+    return entity && !edIsOnLockedLayer(*entity.object());
+}
 // The grip with the index that is asked for; nothing with the reason told.
 std::optional<EdGrip> askGrip() {
     const auto ids = edSelectObjects();
     if (!ids)
         return std::nullopt;
     const std::vector<EdGrip> grips = edGripsOf(*ids);
-    int index = 0;
     EdRefusals refusals;
     for (;;) {
-        if (!EdPrompt(L"Grip index: ").noNull().noNegative().integer(index).ok())
+        std::wstring answer;
+        if (!EdPrompt(L"Grip index or name: ").noNull().word(answer).ok())
             return std::nullopt;
-        if (static_cast<std::size_t>(index) < grips.size())
-            break;
-        if (!refusals.again(L"There is no grip " + std::to_wstring(index) + L".", std::to_wstring(index)))
+        if (const EdGrip* const grip = findGrip(grips, answer))
+            return isMovable(*grip) ? std::optional<EdGrip>(*grip) : std::nullopt;
+        if (!refusals.again(L"There is no such grip.", answer))
             return std::nullopt;
     }
-    EdGrip grip = grips[static_cast<std::size_t>(index)];
-    const AcDbObjectPointer<AcDbEntity> entity(grip.entity);
-    if (!entity)
-        return std::nullopt;
-    if (EdStyleResolver(*edDatabase()).isLocked(entity->layerId())) {
-        edSay(L"The object is on a locked layer.");
-        return std::nullopt;
-    }
-    return grip;
 }
 } // namespace
 

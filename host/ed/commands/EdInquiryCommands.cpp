@@ -3,7 +3,6 @@
 #include "EdHostCommands.h"
 
 #include "AcDbEntities.h"
-#include "core/EdStyleResolver.h"
 
 #include <functional>
 #include <map>

@@ -57,7 +57,7 @@ void changeLayers(AcDbDatabase& db, const std::wstring& names, const std::functi
 }
 std::optional<std::wstring> askNames(const std::wstring& prompt, const std::wstring& byDefault = L"") {
     std::wstring names;
-    const EdReply reply = EdPrompt(prompt).text(names, true);
+    const EdReply reply = EdPrompt(prompt).name(names);
     if (reply.cancelled())
         return std::nullopt;
     return reply.none() ? byDefault : edTrim(names);
@@ -73,7 +73,7 @@ template <class T> std::optional<T> askValue(const std::wstring& prompt, const s
     EdRefusals refusals;
     for (;;) {
         std::wstring text;
-        if (!EdPrompt(prompt).text(text, true).ok())
+        if (!EdPrompt(prompt).name(text).ok())
             return std::nullopt;
         if (const auto value = read(edTrim(text)))
             return value;

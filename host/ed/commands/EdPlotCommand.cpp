@@ -4,7 +4,7 @@
 
 #include "GiPlot.h"
 #include "core/EdPreview.h"
-#include "core/EdStyleResolver.h"
+#include "DbStyleResolver.h"
 #include "core/EdView.h"
 
 #include <algorithm>
@@ -32,6 +32,15 @@ bool readPaper(const std::wstring& text, GiPlotPage& page) {
     page.heightMm = *h;
     return true;
 }
+// What PLOT is told, kept for the next plot.
+struct Options {
+    GiPlotPage page = {.widthMm = 297.0, .heightMm = 210.0};
+    enum Area { kExtents, kDisplay, kWindow } area = kExtents;
+    GiPlotWindow window;  // of the area Window
+    double scale = 0.0;   // paper millimetres a drawing unit; 0 fits
+};
+Options gOptions;
+
 bool askPaper(GiPlotPage& page) {
     EdRefusals refusals;
     for (bool known = false; !known;) {
@@ -50,50 +59,64 @@ bool askPaper(GiPlotPage& page) {
     page.marginMm = std::min(10.0, shortSide / 20.0);
     return !turn.cancelled();
 }
-bool askWindow(AcDbDatabase& db, GiPlotWindow& window) {
+bool askArea(Options& options) {
     const EdReply reply = EdPrompt(L"Enter plot area [Display/Extents/Window] <Extents>: ", L"Display Extents Window").keyword();
     if (reply.cancelled())
         return false;
-    AcDbExtents box;
-    if (reply.is(L"Window")) {
-        AcGePoint3d a, b;
-        if (!EdPrompt(L"Specify first corner: ").noNull().point(a).ok() || !EdPrompt(L"Specify opposite corner: ").base(a).noNull().point(b).ok())
-            return false;
-        box.addPoint(a);
-        box.addPoint(b);
-    } else if (reply.is(L"Display")) {
-        const EdView view = edView(db);
-        const AcGeVector3d half(view.width / 2.0, view.height / 2.0, 0.0);
-        box.addPoint(view.center - half);
-        box.addPoint(view.center + half);
-    } else {
-        box = db.extents();
-    }
-    if (!box.isValid()) {
-        edFail(L"There is nothing to plot.");
+    options.area = reply.is(L"Window") ? Options::kWindow : reply.is(L"Display") ? Options::kDisplay : Options::kExtents;
+    if (options.area != Options::kWindow)
+        return true;
+    AcGePoint3d a, b;
+    if (!EdPrompt(L"Specify first corner: ").noNull().point(a).ok() || !EdPrompt(L"Specify opposite corner: ").base(a).noNull().point(b).ok())
         return false;
-    }
-    window = {edPoint2d(box.minPoint()), edPoint2d(box.maxPoint())};
+    options.window = {{std::min(a.x, b.x), std::min(a.y, b.y)}, {std::max(a.x, b.x), std::max(a.y, b.y)}};
     return true;
 }
-// Paper millimetres a drawing unit; 0 fits.
-std::optional<double> askScale() {
+bool askScale(double& scale) {
     EdRefusals refusals;
     for (;;) {
         std::wstring text;
         const EdReply reply = EdPrompt(L"Enter plot scale 1:n or [Fit] <Fit>: ", L"Fit").word(text);
         if (reply.cancelled())
-            return std::nullopt;
-        if (!reply.ok())
-            return 0.0;
+            return false;
+        if (!reply.ok()) {
+            scale = 0.0;
+            return true;
+        }
         const auto parts = edSplitAt(text, L':');
-        const auto paper = parts.size() == 2 ? edParseReal(parts[0]) : std::optional<double>(1.0);
-        const auto drawing = edParseReal(parts.back());
-        if (parts.size() <= 2 && paper && drawing && *paper > 0.0 && *drawing > 0.0)
-            return kMmPerUnit * *paper / *drawing;
+        const double paper = parts.size() == 2 ? edParseReal(parts[0]).value_or(0.0) : 1.0;
+        const double drawing = edParseReal(parts.back()).value_or(0.0);
+        if (parts.size() <= 2 && paper > 0.0 && drawing > 0.0) {
+            scale = kMmPerUnit * paper / drawing;
+            return true;
+        }
         if (!refusals.again(L"A scale is 1:n with a positive number.", text))
-            return std::nullopt;
+            return false;
     }
+}
+// Nothing where there is nothing to plot.
+std::optional<GiPlotWindow> windowOf(AcDbDatabase& db) {
+    if (gOptions.area == Options::kWindow)
+        return gOptions.window;
+    if (gOptions.area == Options::kDisplay) {
+        const EdView view = edView(db);
+        const AcGeVector2d half(view.width / 2.0, view.height / 2.0);
+        return GiPlotWindow{edPoint2d(view.center) - half, edPoint2d(view.center) + half};
+    }
+    const AcDbExtents box = db.extents();
+    return box.isValid() ? std::optional(GiPlotWindow{edPoint2d(box.minPoint()), edPoint2d(box.maxPoint())}) : std::nullopt;
+}
+void plotTo(AcDbDatabase& db, const std::wstring& path) {
+    const auto window = windowOf(db);
+    if (!window)
+        return edFail(L"There is nothing to plot.");
+    // Curves as fine as a fiftieth of a millimetre on the sheet.
+    const double span = std::max({window->upper.x - window->lower.x, window->upper.y - window->lower.y, 1.0e-9});
+    const double perUnit = gOptions.scale > 0.0 ? gOptions.scale : std::max(gOptions.page.widthMm, gOptions.page.heightMm) / span;
+    std::wstring error;
+    if (!giPlot(edDrawingPicture(db, 0.02 / perUnit), DbStyleResolver(db), *window, gOptions.page, gOptions.scale, path, error))
+        return edFail(error);
+    edSay(L"Plotted: " + path);
 }
 std::wstring usualName() {
     const EdDocument& document = *EdDocuments::instance().current();
@@ -105,22 +128,16 @@ std::wstring usualName() {
 
 void edCmdPlot() {
     AcDbDatabase& db = *edDatabase();
-    GiPlotPage page;
-    GiPlotWindow window;
-    if (!askPaper(page) || !askWindow(db, window))
-        return;
-    const auto scale = askScale();
-    if (!scale)
-        return;
     const std::wstring usual = usualName();
-    const auto path = edAskPath(L"Enter file name <" + usual + L">: ", usual);
-    if (!path)
-        return;
-    // Curves as fine as a fiftieth of a millimetre on the sheet.
-    const double span = std::max(window.upper.x - window.lower.x, window.upper.y - window.lower.y);
-    const double perUnit = *scale > 0.0 ? *scale : std::max(page.widthMm, page.heightMm) / std::max(span, 1.0e-9);
-    std::wstring error;
-    if (!giPlot(edDrawingPicture(db, 0.02 / perUnit), EdStyleResolver(db), window, page, *scale, edWithEnding(*path, L".pdf"), error))
-        return edFail(error);
-    edSay(L"Plotted: " + edWithEnding(*path, L".pdf"));
+    for (;;) {
+        std::wstring path;
+        const EdReply reply = EdPrompt(L"Enter file name or [Paper/Area/Scale] <" + usual + L">: ", L"Paper Area Scale").name(path);
+        if (reply.cancelled())
+            return;
+        if (reply.status != EdStatus::kKeyword)
+            return plotTo(db, edWithEnding(reply.none() ? usual : path, L".pdf"));
+        const bool answered = reply.is(L"Paper") ? askPaper(gOptions.page) : reply.is(L"Area") ? askArea(gOptions) : askScale(gOptions.scale);
+        if (!answered)
+            return;
+    }
 }

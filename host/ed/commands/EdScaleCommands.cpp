@@ -29,7 +29,7 @@ void listScales() {
 }
 void addScale() {
     std::wstring name;
-    if (!EdPrompt(L"Enter name for new scale: ").text(name, true).ok())
+    if (!EdPrompt(L"Enter name for new scale: ").name(name).ok())
         return;
     name = edTrim(name);
     if (scales()->hasContext(name))
@@ -38,7 +38,7 @@ void addScale() {
     double paper = 0.0, drawing = 0.0;
     for (;;) {
         std::wstring ratio;
-        if (!EdPrompt(L"Enter scale ratio (paper units:drawing units): ").noNull().text(ratio, true).ok())
+        if (!EdPrompt(L"Enter scale ratio (paper units:drawing units): ").noNull().name(ratio).ok())
             return;
         const auto parts = edSplitAt(ratio, L':');
         if (parts.size() == 2) {
@@ -59,7 +59,7 @@ void addScale() {
 }
 void deleteScale() {
     std::wstring name;
-    if (!EdPrompt(L"Enter scale name to delete: ").text(name, true).ok())
+    if (!EdPrompt(L"Enter scale name to delete: ").name(name).ok())
         return;
     name = edTrim(name);
     if (edSameWord(name, EdSysVars::instance().getText(L"CANNOSCALE")))
@@ -100,7 +100,7 @@ void edCmdCAnnoScale() {
     for (;;) {
         std::wstring name;
         const std::wstring now = EdSysVars::instance().getText(L"CANNOSCALE");
-        if (!EdPrompt(L"Enter new value for CANNOSCALE, or . for none <\"" + now + L"\">: ").text(name, true).ok())
+        if (!EdPrompt(L"Enter new value for CANNOSCALE, or . for none <\"" + now + L"\">: ").name(name).ok())
             return;
         const std::wstring reason = EdSysVars::instance().set(L"CANNOSCALE", edTrim(name));
         if (reason.empty() || !refusals.again(reason, name))

@@ -12,7 +12,7 @@ void listLinetypes(AcDbDatabase& db) {
 }
 void loadLinetypes(AcDbDatabase& db) {
     std::wstring names;
-    if (!EdPrompt(L"Enter linetype(s) to load: ").text(names, true).ok())
+    if (!EdPrompt(L"Enter linetype(s) to load: ").name(names).ok())
         return;
     const std::wstring usual = db.measurement() != 0 ? L"acadiso.lin" : L"acad.lin";
     const auto file = edAskPath(L"Enter name of linetype file to search <" + usual + L">: ", usual);
@@ -46,7 +46,7 @@ void edCmdLinetype() {
             loadLinetypes(db);
         } else if (reply.is(L"Set")) {
             std::wstring name;
-            if (!EdPrompt(L"Specify linetype name <" + edRecordName(db.celtype()) + L">: ").text(name, true).ok())
+            if (!EdPrompt(L"Specify linetype name <" + edRecordName(db.celtype()) + L">: ").name(name).ok())
                 continue;
             const std::wstring reason = EdSysVars::instance().set(L"CELTYPE", edTrim(name));
             if (!reason.empty())
@@ -76,7 +76,7 @@ void edCmdStyle() {
     AcDbDatabase& db = *edDatabase();
     std::wstring name, font;
     const std::wstring current = edRecordName(db.textstyle());
-    const EdReply first = EdPrompt(L"Enter name of text style or [?] <" + current + L">: ").text(name, true);
+    const EdReply first = EdPrompt(L"Enter name of text style or [?] <" + current + L">: ").name(name);
     if (first.cancelled())
         return;
     name = first.none() ? current : edTrim(name);
@@ -93,7 +93,7 @@ void edCmdStyle() {
         width = old->xScale();
         oblique = old->obliquingAngle();
     }
-    if (EdPrompt(L"Specify full font name or font filename <" + oldFont + L">: ").text(font, true).cancelled() ||
+    if (EdPrompt(L"Specify full font name or font filename <" + oldFont + L">: ").name(font).cancelled() ||
         EdPrompt(L"Specify height of text <" + edNumber(size) + L">: ").noNegative().distance(size).cancelled() ||
         EdPrompt(L"Specify width factor <" + edNumber(width) + L">: ").noZero().noNegative().real(width).cancelled() ||
         EdPrompt(L"Specify obliquing angle <" + edDegrees(oblique) + L">: ").angle(oblique).cancelled())
@@ -122,7 +122,7 @@ void edCmdColor() {
     EdRefusals refusals;
     for (;;) {
         std::wstring text;
-        if (!EdPrompt(L"Enter default object color <" + edColorName(edDatabase()->cecolor()) + L">: ").text(text, true).ok())
+        if (!EdPrompt(L"Enter default object color <" + edColorName(edDatabase()->cecolor()) + L">: ").name(text).ok())
             return;
         const std::wstring reason = EdSysVars::instance().set(L"CECOLOR", edTrim(text));
         if (reason.empty() || !refusals.again(reason, text))

@@ -43,7 +43,7 @@ bool Placing::askStyle() {
     std::wstring name;
     EdRefusals refusals;
     for (;;) {
-        const EdReply reply = EdPrompt(L"Enter style name <" + now + L">: ").text(name, true);
+        const EdReply reply = EdPrompt(L"Enter style name <" + now + L">: ").name(name);
         if (!reply.ok())
             return !reply.cancelled();
         const std::wstring reason = EdSysVars::instance().set(L"TEXTSTYLE", edTrim(name));
@@ -145,7 +145,7 @@ void edCmdAttDef() {
     std::wstring tag, prompt, value;
     EdRefusals refusals;
     for (;;) {
-        if (!EdPrompt(L"Enter attribute tag name: ").noNull().text(tag, true).ok())
+        if (!EdPrompt(L"Enter attribute tag name: ").noNull().name(tag).ok())
             return;
         tag = edTrim(tag);
         if (tag.find_first_of(L" \t") == std::wstring::npos)
@@ -153,9 +153,9 @@ void edCmdAttDef() {
         if (!refusals.again(L"A tag has no blanks.", tag))
             return;
     }
-    if (!gAttributeModes[1] && EdPrompt(L"Enter attribute prompt: ").text(prompt, true).cancelled())
+    if (!gAttributeModes[1] && EdPrompt(L"Enter attribute prompt: ").name(prompt).cancelled())
         return;
-    if (EdPrompt(gAttributeModes[1] ? L"Enter attribute value: " : L"Enter default attribute value: ").text(value, true).cancelled())
+    if (EdPrompt(gAttributeModes[1] ? L"Enter attribute value: " : L"Enter default attribute value: ").name(value).cancelled())
         return;
     Placing placing;
     if (!placing.ask())
@@ -194,7 +194,7 @@ bool MTextFrame::option(const EdReply& reply, bool& done) {
     }
     if (reply.is(L"Style")) {
         std::wstring name;
-        if (!EdPrompt(L"Enter style name <" + EdSysVars::instance().getText(L"TEXTSTYLE") + L">: ").text(name, true).ok())
+        if (!EdPrompt(L"Enter style name <" + EdSysVars::instance().getText(L"TEXTSTYLE") + L">: ").name(name).ok())
             return true;
         const std::wstring reason = EdSysVars::instance().set(L"TEXTSTYLE", edTrim(name));
         if (!reason.empty())

@@ -1,6 +1,6 @@
 #include "EdPreview.h"
 
-#include "EdStyleResolver.h"
+#include "DbStyleResolver.h"
 #include "GiPlot.h"
 
 GiDisplayList edDrawingPicture(AcDbDatabase& db, double deviation) {
@@ -19,5 +19,5 @@ std::vector<Adesk::UInt8> edPreviewBitmap(AcDbDatabase& db) {
         return {};
     const double deviation = box.minPoint().distanceTo(box.maxPoint()) / 1000.0;
     const GiDisplayList list = edDrawingPicture(db, deviation > 0.0 ? deviation : 0.01);
-    return giThumbnailDib(list, EdStyleResolver(db), giPlotWindowOf(list));
+    return giThumbnailDib(list, DbStyleResolver(db), giPlotWindowOf(list));
 }

@@ -99,6 +99,13 @@ std::wstring edTypeName(const AcDbObject& object) {
     const AcRxClass* const type = object.isA();
     return type->dxfName() != nullptr ? type->dxfName() : type->name();
 }
+bool edIsOnLockedLayer(const AcDbEntity& entity) {
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId());
+    return layer && layer->isLocked();
+}
+GiNamer edNamer() {
+    return [](AcDbObjectId id) { return edRecordName(id); };
+}
 bool edIsSymbolName(const std::wstring& name) {
     if (name.empty() || name.size() > 255)
         return false;

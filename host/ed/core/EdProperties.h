@@ -33,5 +33,8 @@ std::wstring edLineWeightName(AcDb::LineWeight weight);
 
 // What a listing calls the object: its DXF name, or the class's where it has none.
 std::wstring edTypeName(const AcDbObject& object);
+bool edIsOnLockedLayer(const AcDbEntity& entity);
+// Names of table records for giRecord; empty for null ids.
+GiNamer edNamer();
 // Whether names of symbol tables may hold this text: no control characters and none of <>/\":;?*|,=`
 bool edIsSymbolName(const std::wstring& name);

@@ -80,6 +80,7 @@ std::optional<std::wstring> EdInputStack::nextRaw(const std::wstring& prompt) {
 }
 std::optional<std::wstring> EdInputStack::ask(const std::wstring& prompt, EdTake take) {
     acutPrintf(L"%s", prompt.c_str());
+    const bool fresh = mFrames.empty() || !mFrames.back().pending;
     auto line = nextRaw(prompt);
     if (line && (*line == L"^C" || *line == L"*Cancel*" || *line == L"\x1b")) {
         acutPrintf(L"*Cancel*\n");
@@ -91,7 +92,7 @@ std::optional<std::wstring> EdInputStack::ask(const std::wstring& prompt, EdTake
         dropPending();
         return std::nullopt;
     }
-    if (take == EdTake::kWholeLine || mFrames.empty() || !mFrames.back().input->splitsAtBlanks())
+    if (take == EdTake::kWholeLine || (take == EdTake::kName && fresh) || mFrames.empty() || !mFrames.back().input->splitsAtBlanks())
         return line;
     EdSplitLine split = edSplitLine(*line);
     if (!split.rest.empty())

@@ -9,8 +9,9 @@
 
 // How a line becomes an answer.
 enum class EdTake {
-    kWord,     // up to the first blank; the rest answers the prompts that follow
-    kWholeLine // all of it
+    kWord,      // up to the first blank; the rest answers the prompts that follow
+    kName,      // all of a line of its own; up to the first blank of a line that answers several prompts
+    kWholeLine, // all of it
 };
 
 class EdInputStack {

@@ -37,12 +37,12 @@ bool EdRefusals::again(const std::wstring& message, const std::wstring& answer) 
 }
 
 // take(answer, reply): true when the answer was understood.
-template <class Taker> EdReply EdPrompt::askUntil(const wchar_t* refusal, bool blanks, const Taker& take) const {
+template <class Taker> EdReply EdPrompt::askUntil(const wchar_t* refusal, EdTake how, const Taker& take) const {
     const auto words = edParseKeywords(mKeywords);
     EdRefusals refusals;
     for (;;) {
         EdReply reply;
-        const auto answer = EdInputStack::instance().ask(mText, blanks ? EdTake::kWholeLine : EdTake::kWord);
+        const auto answer = EdInputStack::instance().ask(mText, how);
         if (!answer)
             return reply;
         if (answer->empty()) {
@@ -64,7 +64,7 @@ template <class Taker> EdReply EdPrompt::askUntil(const wchar_t* refusal, bool b
 
 EdReply EdPrompt::point(AcGePoint3d& value) const {
     const wchar_t* const refusal = mKeywords.empty() ? L"Invalid point." : L"Point or option keyword required.";
-    return askUntil(refusal, false, [&](const std::wstring& answer, EdReply& reply) {
+    return askUntil(refusal, EdTake::kWord, [&](const std::wstring& answer, EdReply& reply) {
         const auto p = readPoint(answer, mBase.value_or(gLastPoint));
         if (!p)
             return false;
@@ -78,7 +78,7 @@ EdReply EdPrompt::point(AcGePoint3d& value) const {
 
 EdReply EdPrompt::real(double& value) const {
     const wchar_t* const refusal = mNoZero ? L"Value must be positive and nonzero." : L"Requires numeric value.";
-    return askUntil(refusal, false, [&](const std::wstring& answer, EdReply& reply) {
+    return askUntil(refusal, EdTake::kWord, [&](const std::wstring& answer, EdReply& reply) {
         const auto number = edParseReal(answer);
         if (!number || (mNoZero && *number == 0.0) || (mNoNegative && *number < 0.0))
             return false;
@@ -89,7 +89,7 @@ EdReply EdPrompt::real(double& value) const {
 }
 
 EdReply EdPrompt::integer(int& value) const {
-    return askUntil(L"Requires an integer value.", false, [&](const std::wstring& answer, EdReply& reply) {
+    return askUntil(L"Requires an integer value.", EdTake::kWord, [&](const std::wstring& answer, EdReply& reply) {
         const auto number = edParseInt(answer);
         if (!number || (mNoZero && *number == 0) || (mNoNegative && *number < 0))
             return false;
@@ -100,7 +100,7 @@ EdReply EdPrompt::integer(int& value) const {
 }
 
 EdReply EdPrompt::distance(double& value) const {
-    return askUntil(L"Requires numeric distance or a point.", false, [&](const std::wstring& answer, EdReply& reply) {
+    return askUntil(L"Requires numeric distance or a point.", EdTake::kWord, [&](const std::wstring& answer, EdReply& reply) {
         auto number = edParseReal(answer);
         if (!number) {
             const auto p = readPoint(answer, mBase.value_or(gLastPoint));
@@ -124,7 +124,7 @@ EdReply EdPrompt::distance(double& value) const {
 }
 
 EdReply EdPrompt::angle(double& radians) const {
-    return askUntil(L"Requires a valid angle or a point.", false, [&](const std::wstring& answer, EdReply& reply) {
+    return askUntil(L"Requires a valid angle or a point.", EdTake::kWord, [&](const std::wstring& answer, EdReply& reply) {
         const bool bare = !answer.empty() && answer.front() == L'<';
         if (const auto degrees = edParseReal(bare ? std::wstring_view(answer).substr(1) : answer)) {
             radians = *degrees * kPi / 180.0;
@@ -149,18 +149,28 @@ EdReply EdPrompt::angle(double& radians) const {
 }
 
 EdReply EdPrompt::keyword() const {
-    return askUntil(L"Invalid option keyword.", false, [](const std::wstring&, EdReply&) { return false; });
+    return askUntil(L"Invalid option keyword.", EdTake::kWord, [](const std::wstring&, EdReply&) { return false; });
 }
 
 EdReply EdPrompt::text(std::wstring& value, bool blanks) const {
     value.clear();
-    return askUntil(L"Requires a text.", blanks, [&](const std::wstring& answer, EdReply& reply) {
+    return askUntil(L"Requires a text.", blanks ? EdTake::kWholeLine : EdTake::kWord, [&](const std::wstring& answer, EdReply& reply) {
         value = answer;
         reply.status = EdStatus::kNormal;
         return true;
     });
 }
 
+EdReply EdPrompt::name(std::wstring& value) const {
+    value.clear();
+    return askUntil(L"Requires a name.", EdTake::kName, [&](const std::wstring& answer, EdReply& reply) {
+        value = edTrim(answer);
+        if (value.size() >= 2 && value.front() == L'"' && value.back() == L'"')
+            value = value.substr(1, value.size() - 2);
+        reply.status = EdStatus::kNormal;
+        return true;
+    });
+}
 EdReply EdPrompt::word(std::wstring& value) const {
     return text(value, false);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "AcGe.h"
+#include "EdInputStack.h"
 
 #include <optional>
 #include <string>
@@ -37,11 +38,13 @@ public:
     EdReply keyword() const;
     // With blanks the whole line. Enter alone gives kNone and an empty text.
     EdReply text(std::wstring& value, bool blanks) const;
+    // A name or a short text; one with blanks among the answers of a line stands in quotes, which are taken off.
+    EdReply name(std::wstring& value) const;
     // Any single answer, unchecked: for prompts with a reading of their own.
     EdReply word(std::wstring& value) const;
 
 private:
-    template <class Taker> EdReply askUntil(const wchar_t* refusal, bool blanks, const Taker& take) const;
+    template <class Taker> EdReply askUntil(const wchar_t* refusal, EdTake how, const Taker& take) const;
     std::wstring mText, mKeywords;
     std::optional<AcGePoint3d> mBase;
     bool mNoNull = false, mNoZero = false, mNoNegative = false, mKeepLastPoint = false;

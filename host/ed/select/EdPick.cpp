@@ -1,7 +1,7 @@
 #include "EdPick.h"
 
 #include "core/EdDocuments.h"
-#include "core/EdStyleResolver.h"
+#include "DbStyleResolver.h"
 #include "core/EdSysVars.h"
 #include "core/EdView.h"
 
@@ -30,7 +30,7 @@ AcDbObjectIdArray edAllEntities(bool shownOnly) {
     AcDbDatabase* const db = edDatabase();
     if (db == nullptr)
         return ids;
-    const EdStyleResolver resolver(*db);
+    const DbStyleResolver resolver(*db);
     const AcDbObjectPointer<AcDbBlockTableRecord> space(db->currentSpaceId());
     if (!space)
         return ids;
@@ -48,7 +48,7 @@ AcDbObjectIdArray edPickAll(const AcGePoint3d& at) {
     AcDbObjectIdArray ids;
     if (edDatabase() == nullptr)
         return ids;
-    const EdStyleResolver resolver(*edDatabase());
+    const DbStyleResolver resolver(*edDatabase());
     const double box = std::max(1, static_cast<int>(EdSysVars::instance().getShort(L"PICKBOX"))) * edPixelSize(*edDatabase());
     const GiDisplayList picture = pictureOfSpace(box / 16.0);
     // From a small aperture to the whole box, so that the nearest comes first.
@@ -68,7 +68,7 @@ AcDbObjectId edPickOne(const AcGePoint3d& at) {
 AcDbObjectIdArray edPickWindow(const AcGePoint3d& a, const AcGePoint3d& b, bool crossing) {
     if (edDatabase() == nullptr)
         return {};
-    const EdStyleResolver resolver(*edDatabase());
+    const DbStyleResolver resolver(*edDatabase());
     const double deviation = std::max(a.distanceTo(b) / 1000.0, 1.0e-6);
     return asArray(giOwnersInWindow(pictureOfSpace(deviation), resolver, a, b, crossing));
 }

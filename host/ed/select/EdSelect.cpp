@@ -2,11 +2,11 @@
 
 #include "AcUtText.h"
 #include "core/EdDocuments.h"
+#include "core/EdProperties.h"
 #include "input/EdInputStack.h"
 #include "input/EdParse.h"
 #include "EdPick.h"
 #include "EdSets.h"
-#include "core/EdStyleResolver.h"
 #include "core/EdSysVars.h"
 
 #include <unordered_set>
@@ -148,10 +148,6 @@ bool Growing::ask() {
         }
     }
 }
-
-bool isOnLockedLayer(const AcDbEntity& entity, const EdStyleResolver& resolver) {
-    return resolver.isLocked(entity.layerId());
-}
 } // namespace
 
 AcDbObjectIdArray edStanding(const AcDbObjectIdArray& ids) {
@@ -202,12 +198,11 @@ std::optional<AcDbObjectIdArray> edSelectForEdit() {
     const auto selected = edSelectObjects();
     if (!selected)
         return std::nullopt;
-    const EdStyleResolver resolver(*edDatabase());
     AcDbObjectIdArray ids;
     int locked = 0;
     for (const AcDbObjectId id : *selected) {
         const AcDbObjectPointer<AcDbEntity> entity(id);
-        if (entity && isOnLockedLayer(*entity.object(), resolver))
+        if (entity && edIsOnLockedLayer(*entity.object()))
             ++locked;
         else
             ids.append(id);

@@ -14,6 +14,8 @@
 
 // True when the command line stands at the beginning of a line.
 bool acPrintAtLineStart();
+// Tells that it does: the user's Enter at a terminal ends a line that was not printed here.
+void acNoteLineStart();
 // Prints to the command line. Returns the number of characters.
 int acutPrintf(const ACHAR* format, ...);
 int acdbPrintf(const ACHAR* format, ...); // the same; kept for code below the editor
