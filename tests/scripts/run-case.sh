@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# run-case.sh CONSOLE CASE.scr [--accept]: runs one case and compares; --accept writes what it printed as
+# the expected text, to be read before it is kept.
+set -uo pipefail
+console="$1" case="$2" accept="${3:-}"
+head_value() { sed -n "s/^; $1: //p" "$case" | head -n 1; }
+args="$(head_value args)"; args="${args:---no-module}"
+status="$(head_value status)"; status="${status:-0}"
+error="$(head_value error)"
+folder="$(mktemp -d)"
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+# shellcheck disable=SC2086
+"$console" $args -s "$case" >printed 2>errors
+actual=$?
+# Folders differ from run to run and from machine to machine, and so do the two kinds of slash.
+sed -e "s|\\\\|/|g" -e "s|$folder|FOLDER|g" printed >normal
+expected="${case%.scr}.expected"
+if [ "$accept" = --accept ]; then
+  cp normal "$expected"
+  cat errors
+  echo "status $actual"
+  exit 0
+fi
+failed=0
+if [ "$actual" != "$status" ]; then
+  echo "exit status $actual instead of $status"; cat errors; failed=1
+fi
+if [ -n "$error" ] && ! grep -qF -- "$error" errors; then
+  echo "standard error does not say: $error"; cat errors; failed=1
+fi
+diff -u "$expected" normal || failed=1
+exit $failed
