@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QStyleFactory>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -13,6 +14,13 @@ bool hasScreen() {
     const char* x11 = getenv("DISPLAY");
     const char* wayland = getenv("WAYLAND_DISPLAY");
     return (x11 != nullptr && *x11 != 0) || (wayland != nullptr && *wayland != 0);
+}
+
+// Two notes of the toolkit speak of an environment without a screen, which is ours by intent; all else
+// that it has to say reaches the error output.
+void showToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (!text.startsWith(QStringLiteral("QStandardPaths: XDG_RUNTIME_DIR")) && !text.startsWith(QStringLiteral("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
 struct Toolkit {
@@ -36,7 +44,6 @@ struct Toolkit {
 void prepare(bool offscreen) {
     if ((offscreen || !hasScreen()) && getenv("QT_QPA_PLATFORM") == nullptr)
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    setenv("QT_LOGGING_RULES", "qt.qpa.*=false", 0); // the platform's notes are no business of the command line
 }
 } // namespace
 
@@ -44,6 +51,7 @@ void AfxInitToolkit(bool offscreen) {
     if (QCoreApplication::instance() != nullptr)
         return;
     prepare(offscreen);
+    qInstallMessageHandler(showToolkitMessage);
     // Never destroyed: windows of a module may go after the statics of this layer.
     static Toolkit* const toolkit = new Toolkit;
     (void)toolkit;

@@ -13,6 +13,7 @@
 #include "CTreeCtrl.h"
 #include "controls/AfxComboWidget.h"
 #include "controls/AfxControlText.h"
+#include "controls/AfxGroupWidget.h"
 #include "controls/AfxListWidget.h"
 #include "controls/AfxTabWidget.h"
 #include "controls/AfxTreeWidget.h"
@@ -20,7 +21,6 @@
 #include "core/QtText.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -125,7 +125,7 @@ QWidget* makeByKind(const RcControl& control, AfxKind kind, QWidget* parent) {
     case AfxKind::Push:
     case AfxKind::Check:
     case AfxKind::Radio: return makeButton(kind, control.style, parent);
-    case AfxKind::Group: return new QGroupBox(parent);
+    case AfxKind::Group: return new AfxGroupWidget(parent);
     case AfxKind::Edit: return makeEdit(control.style, parent);
     case AfxKind::MultiEdit: return makeMultiEdit(control.style, parent);
     case AfxKind::Combo: return new AfxComboWidget(control.style, parent);

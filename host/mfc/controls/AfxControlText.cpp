@@ -38,7 +38,8 @@ void afxSetText(AfxWindow& window, const std::wstring& text) {
     case AfxKind::Dialog: as<QWidget>(window)->setWindowTitle(shown); return;
     case AfxKind::Static:
         window.text = text;
-        as<QLabel>(window)->setText((window.style & SS_NOPREFIX) != 0 ? shown : afxWithoutMarks(shown));
+        // The toolkit shows the mark of an access key only on a label that leads to another control.
+        as<QLabel>(window)->setText((window.style & SS_NOPREFIX) != 0 || as<QLabel>(window)->buddy() != nullptr ? shown : afxWithoutMarks(shown));
         return;
     case AfxKind::Push:
     case AfxKind::Check:

@@ -2,6 +2,7 @@
 
 #include "CImageList.h"
 #include "controls/AfxControlFactory.h"
+#include "controls/AfxGridDelegate.h"
 #include "controls/AfxImages.h"
 #include "controls/AfxListWidget.h"
 #include "core/QtText.h"
@@ -338,8 +339,12 @@ DWORD CListCtrl::SetExtendedStyle(DWORD style) {
         return 0;
     const DWORD earlier = list->extendedStyle;
     list->extendedStyle = style;
-    if (QTreeView* table = tableOf(*this))
-        table->setStyleSheet((style & LVS_EX_GRIDLINES) != 0 ? QStringLiteral("QTreeView::item { border-right: 1px solid #d0d0d0; border-bottom: 1px solid #d0d0d0; }") : QString());
+    const bool wantsLines = (style & LVS_EX_GRIDLINES) != 0, hasLines = (earlier & LVS_EX_GRIDLINES) != 0;
+    if (QTreeView* table = tableOf(*this); table != nullptr && wantsLines != hasLines) {
+        QAbstractItemDelegate* const before = table->itemDelegate();
+        table->setItemDelegate(wantsLines ? new AfxGridDelegate(table) : new QStyledItemDelegate(table));
+        delete before;
+    }
     return earlier;
 }
 

@@ -2,6 +2,7 @@
 
 #include "AfxDialogDriver.h"
 #include "controls/AfxControlFactory.h"
+#include "controls/AfxControlText.h"
 #include "core/AfxDispatch.h"
 #include "core/QtText.h"
 #include "dialog/AfxLayout.h"
@@ -9,6 +10,7 @@
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QGroupBox>
+#include <QLabel>
 #include <QScreen>
 
 namespace {
@@ -50,6 +52,19 @@ void lowerFrames(const std::vector<QWidget*>& widgets) {
         }
 }
 
+// A label with an access key leads to the control behind it.
+void bindLabels(const std::vector<CWnd*>& controls) {
+    for (std::size_t i = 0; i + 1 < controls.size(); ++i) {
+        AfxWindow& window = *controls[i]->window();
+        QWidget* next = controls[i + 1]->window()->widget;
+        const bool hasKey = window.kind == AfxKind::Static && (window.style & SS_NOPREFIX) == 0 && window.text.find(L'&') != std::wstring::npos;
+        if (!hasKey || next->focusPolicy() == Qt::NoFocus)
+            continue;
+        static_cast<QLabel*>(window.widget.data())->setBuddy(next);
+        afxSetText(window, window.text);
+    }
+}
+
 QWidget* makeWindow(const RcDialog& source, CWnd* parent, bool isPage) {
     QWidget* over = parent == nullptr || !parent->IsWindow() ? nullptr : parent->window()->widget.data();
     if (isPage && over != nullptr)
@@ -83,6 +98,7 @@ void afxBuildDialog(CDialog& dialog, const RcDialog& source, CWnd* parent) {
     for (const RcControl& control : source.controls)
         addControl(dialog, control, units, made);
     lowerFrames(made.widgets);
+    bindLabels(dialog.window()->children);
     afxMakeTextsFit(*widget, made.widgets);
     for (std::size_t i = 1; i < made.widgets.size(); ++i)
         QWidget::setTabOrder(made.widgets[i - 1], made.widgets[i]);

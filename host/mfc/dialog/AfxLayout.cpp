@@ -46,6 +46,14 @@ QRect roomOf(const QWidget& dialog, const QWidget& control, const std::vector<QW
     return QRect(QPoint(std::min(left, own.left()), own.top()), QPoint(std::max(right, own.right()), own.bottom()));
 }
 
+// The width at which the text is whole. A push button's own wish is far wider than its text.
+int neededWidth(const QWidget& control) {
+    const auto* button = qobject_cast<const QPushButton*>(&control);
+    if (button == nullptr)
+        return control.sizeHint().width() + 1;
+    return QFontMetrics(button->font()).size(Qt::TextShowMnemonic, button->text()).width() + 4 * kGap;
+}
+
 void grow(QWidget& control, const QRect& room, int needed) {
     QRect place = control.geometry();
     const auto* label = qobject_cast<QLabel*>(&control);
@@ -110,7 +118,7 @@ void afxMakeTextsFit(QWidget& dialog, const std::vector<QWidget*>& controls) {
         const QString text = textOf(*control);
         if (text.isEmpty())
             continue;
-        const int needed = control->sizeHint().width() + 1;
+        const int needed = neededWidth(*control);
         auto* label = qobject_cast<QLabel*>(control);
         const bool isTall = label != nullptr && control->height() >= 2 * QFontMetrics(control->font()).lineSpacing() - 2;
         if (needed > control->width() && !isTall)
