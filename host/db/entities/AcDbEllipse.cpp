@@ -15,14 +15,16 @@ template <class Self, class Archive> void AcDbEllipse::fields(Self& self, Archiv
 
 bool AcDbEllipse::subWorldDraw(AcGiWorldDraw* worldDraw) {
     assertReadEnabled();
-    const double end = mStartParam + dbSweep(mStartParam, mEndParam);
-    return !worldDraw->geometry().ellipticalArc(mCenter, mNormal, mMajorAxis, mRatio, mStartParam, end);
+    const double start = dbAngle0To2Pi(mStartParam); // a damaged file's may be of any size
+    const double end = start + dbSweep(mStartParam, mEndParam);
+    return !worldDraw->geometry().ellipticalArc(mCenter, mNormal, mMajorAxis, mRatio, start, end);
 }
 
 namespace {
 DbEllipse curveOf(const AcDbEllipse& e) {
     const AcGeVector3d minor = e.normal().normal().crossProduct(e.majorAxis()) * e.radiusRatio();
-    return {e.center(), e.majorAxis(), minor, e.startParam(), e.startParam() + dbSweep(e.startParam(), e.endParam())};
+    const double start = dbAngle0To2Pi(e.startParam());
+    return {e.center(), e.majorAxis(), minor, start, start + dbSweep(e.startParam(), e.endParam())};
 }
 } // namespace
 

@@ -9,7 +9,7 @@ constexpr double kConformity = 1e-9; // relative
 } // namespace
 
 bool dbIsStraight(const AcGePoint2d& from, const AcGePoint2d& to, double bulge) {
-    return !(std::abs(bulge) > kStraightBulge) || !((to - from).length() > 0.0);
+    return !(std::abs(bulge) > kStraightBulge) || !std::isfinite(bulge) || !((to - from).length() > 0.0);
 }
 
 DbBulgeArc dbBulgeArc(const AcGePoint2d& from, const AcGePoint2d& to, double bulge) {
@@ -124,7 +124,8 @@ DbEllipse dbTransformed(const DbEllipse& ellipse, const AcGeMatrix3d& matrix, co
 int dbChordCount(double radius, double sweep, double deviation) {
     const double ratio = radius > 0.0 ? deviation / radius : 1.0;
     const double step = ratio > 0.0 ? 2.0 * std::acos(1.0 - std::min(ratio, 0.5)) : kTwoPi / 128.0;
-    return std::clamp(static_cast<int>(std::ceil(std::abs(sweep) / step)), 1, 512);
+    const double chords = std::ceil(std::abs(sweep) / step);
+    return chords >= 512.0 ? 512 : chords >= 1.0 ? static_cast<int>(chords) : 1; // no number at all is one chord
 }
 
 namespace {

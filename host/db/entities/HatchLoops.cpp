@@ -15,7 +15,8 @@ DbHatchArc dbHatchArc(const AcDbHatch::Edge& edge) {
     arc.curve.major = round ? AcGeVector3d(edge.radius, 0.0, 0.0) : AcGeVector3d(edge.majorAxis.x, edge.majorAxis.y, 0.0);
     arc.curve.minor = AcGeVector3d(-arc.curve.major.y, arc.curve.major.x, 0.0) * (round ? 1.0 : edge.ratio);
     const double sweep = dbSweep(edge.startAngle, edge.endAngle);
-    arc.curve.start = edge.counterClockwise ? edge.startAngle : -edge.startAngle - sweep;
+    const double start = dbAngle0To2Pi(edge.startAngle); // steps of an angle of any size would be lost in it
+    arc.curve.start = edge.counterClockwise ? start : -start - sweep;
     arc.curve.end = arc.curve.start + sweep;
     arc.backwards = !edge.counterClockwise;
     return arc;

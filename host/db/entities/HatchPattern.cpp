@@ -69,8 +69,11 @@ private:
             dash(world(from, y), world(to, y));
             return;
         }
-        double at = origin + std::floor((from - origin) / mPeriod) * mPeriod;
-        while (at < to) {
+        // Counted, since far from the origin a short period may be lost in the coordinate.
+        const double first = origin + std::floor((from - origin) / mPeriod) * mPeriod;
+        const double periods = std::min(std::ceil((to - first) / mPeriod), kMostDashes);
+        for (double period = 0.0; period < periods; period += 1.0) {
+            double at = first + period * mPeriod;
             for (const double length : mLine.dashes) {
                 const double end = at + std::abs(length);
                 if (length == 0.0 && at >= from && at <= to)

@@ -152,6 +152,11 @@ TEST(Ellipse, an_axis_grip_sets_that_axis) {
     EXPECT_LE(ellipse.radiusRatio(), 1.0);
 }
 
+TEST(Ellipse, parameters_beyond_all_measure_are_drawn_as_some_arc) {
+    AcDbEllipse ellipse({0, 0, 0}, {0, 0, 1}, AcGeVector3d(4, 0, 0), 0.5, 1e300, 1e300 + 1);
+    expectBox(extentsOf(ellipse), {-4, -2, 0}, {4, 2, 0});
+}
+
 TEST(Ellipse, perpendicular_points_stand_square) {
     const AcDbEllipse ellipse({0, 0, 0}, {0, 0, 1}, AcGeVector3d(4, 0, 0), 0.5);
     const AcGePoint3d from(6, 5, 0);

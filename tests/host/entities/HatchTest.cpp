@@ -265,6 +265,18 @@ TEST(HatchPattern, a_family_without_distance_is_one_line) {
     ASSERT_EQ(hatch.setPattern(L"ONE", 1.0, 0.0, {{0.0, {0, 0}, {0, 0}, {}}}), Acad::eOk);
     EXPECT_EQ(pictureOf(hatch).primitives.size(), 1u);
 }
+TEST(HatchPattern, dashes_that_vanish_in_their_coordinates_end) {
+    Hatch hatch;
+    addSquare(hatch, 1e9, 1e9, 1e-6);
+    ASSERT_EQ(hatch.setPattern(L"TINY", 1.0, 0.0, {{0.0, {0, 1e9 + 5e-7}, {0, 1.0}, {1e-10, -1e-10}}}), Acad::eOk);
+    EXPECT_LT(pictureOf(hatch).primitives.size(), 100000u);
+}
+TEST(Hatch, angles_beyond_all_measure_are_drawn_as_some_arc) {
+    Hatch hatch;
+    addEdges(hatch, {arc({0, 0}, 2, 1e300, -1e300), line({2, 0}, {0, 0})});
+    expectPoint(giExtentsOf(hatch).minPoint(), {0, 0, 0}, 2.1);
+    EXPECT_FALSE(pictureOf(hatch).primitives.empty());
+}
 TEST(HatchPattern, is_carried_along_exactly) {
     Hatch hatch;
     addSquare(hatch, 0.25, 0.25, 8);

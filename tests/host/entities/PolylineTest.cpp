@@ -3,6 +3,7 @@
 #include "entities/CurveMath.h"
 
 #include <algorithm>
+#include <limits>
 #include <rapidcheck/gtest.h>
 
 namespace {
@@ -175,6 +176,11 @@ TEST(Polyline, of_one_vertex_or_none_draws_nothing) {
 TEST(Polyline, a_bulge_between_equal_points_is_no_arc) {
     const auto p = polyline({{{1, 1}, 1.0}, {{1, 1}}}, false);
     expectBox(extentsOf(*p), {1, 1, 0}, {1, 1, 0});
+}
+
+TEST(Polyline, a_bulge_that_is_no_number_is_a_line) {
+    const auto p = polyline({{{0, 0}, std::numeric_limits<double>::quiet_NaN()}, {{4, 0}, std::numeric_limits<double>::infinity()}, {{4, 3}}}, false);
+    expectBox(extentsOf(*p), {0, 0, 0}, {4, 3, 0});
 }
 
 TEST(Polyline, snaps_to_the_ends_and_middles_of_its_segments) {
