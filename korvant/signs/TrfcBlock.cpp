@@ -121,6 +121,11 @@ void TrfcBlock::setScaleFactor(double factor) {
     regen();
 }
 
+void TrfcBlock::setReferenceScale(double factor) {
+    assertWriteEnabled();
+    mBlockRef.setScaleFactors(AcGeScale3d(factor));
+}
+
 void TrfcBlock::setUniqueScaleFactor(double factor) {
     assertWriteEnabled();
     if (factor != mUniqueScale) {

@@ -31,6 +31,8 @@ public:
     virtual void offset(const AcGeVector3d& vector);
     // The reference takes factor times the unique scale.
     virtual void setScaleFactor(double factor);
+    // The reference's factor alone: width, height and top stay. For a foot, on which nothing stacks.
+    void setReferenceScale(double factor);
     virtual double uniqueScaleFactor() const;
     virtual void setUniqueScaleFactor(double factor);
     virtual void setAttributeText(int index, const ACHAR* text); // no range check
@@ -73,7 +75,6 @@ protected:
     Acad::ErrorStatus subMoveGripPointsAt(const AcDbVoidPtrArray& gripAppData, const AcGeVector3d& vector, int bitflags) override;
 
 private:
-    friend class TrfcPost;                     // the foot is resized without its measures
     template <class Self, class Fields> static void plainFields(Self& self, Fields&& field);
     void measure();
     void resize(double ratio);

@@ -115,6 +115,7 @@ constexpr const ACHAR* kEditGrip = L"grip3";
 AcDbGripData* newGrip(const TrfcGripAppData& data, const AcGePoint3d& place) {
     auto* grip = new AcDbGripData;
     grip->setGripPoint(place);
+    grip->setGripName(data.name.c_str());
     grip->setAppData(new TrfcGripAppData(data));
     grip->setAppDataFreeFunc(freeGripAppData);
     return grip;

@@ -239,7 +239,7 @@ void TrfcPost::createNewScale(int oldScale, int newScale) {
 void TrfcPost::geometryChanged() {
     assertWriteEnabled();
     readSizes();
-    mBaseBlock->mBlockRef.setScaleFactors(AcGeScale3d(mBasePointD));
+    mBaseBlock->setReferenceScale(mBasePointD);
     if (!(mSignChain.position() == mPointD))
         mSignChain.setPosition(mPointD);
     mSignChain.regen();

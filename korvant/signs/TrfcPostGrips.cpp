@@ -24,6 +24,7 @@ enum GripPart : unsigned {
 void addGrip(AcDbGripDataPtrArray& grips, const TrfcGripAppData& data, const AcGePoint3d& place, unsigned parts) {
     auto* grip = new AcDbGripData;
     grip->setGripPoint(place);
+    grip->setGripName(data.name.c_str());
     grip->setAppData(new TrfcGripAppData(data));
     grip->setAppDataFreeFunc(freeGripAppData);
     if ((parts & kStatus) != 0)

@@ -83,7 +83,7 @@ Acad::ErrorStatus TrfcScalable::dwgOutFields(AcDbDwgFiler* filer) const {
         // fields would be missing from the file.
         record->resetFilerStatus();
         record->seek(0, AcDb::kSeekFromStart);
-        const AcDbFilerNest nest(filer, isA()->name());
+        const AcDbFilerNest nest(filer, L"ScaleRecord");
         const Acad::ErrorStatus es = copyFiler(record.get(), filer);
         if (es != Acad::eOk)
             acutPrintf(L"TrfcScalable::dwgOutFields error: %s\n", acadErrorStatusText(es));
