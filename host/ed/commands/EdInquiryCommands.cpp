@@ -9,8 +9,9 @@
 
 namespace {
 void listOne(const AcDbEntity& entity) {
-    edSay(acFormat(L"                  %-10s Layer: \"%s\"", edTypeName(entity).c_str(), entity.layerName().c_str()));
-    acutPrintf(L"%20s = %s\n", L"Handle", entity.getAcDbHandle().text().c_str());
+    edFreshLine();
+    entity.list();
+    edFreshLine();
     if (!entity.color().isByLayer())
         acutPrintf(L"%20s  %s\n", L"Color:", edColorName(entity.color()).c_str());
     if (!entity.linetypeId().isNull() && entity.linetypeId() != edDatabase()->byLayerLinetype())
@@ -19,8 +20,6 @@ void listOne(const AcDbEntity& entity) {
         acutPrintf(L"%20s  %s\n", L"Linetype scale:", edNumber(entity.linetypeScale()).c_str());
     if (entity.lineWeight() != AcDb::kLnWtByLayer)
         acutPrintf(L"%20s  %s\n", L"Lineweight:", edLineWeightName(entity.lineWeight()).c_str());
-    entity.list();
-    edFreshLine();
 }
 void forEachSelected(const std::function<void(const AcDbEntity&)>& visit) {
     if (const auto ids = edSelectObjects())

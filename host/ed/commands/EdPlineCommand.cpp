@@ -77,7 +77,7 @@ Pline::Step Pline::askLine() {
 Pline::Step Pline::askArc() {
     AcGePoint3d p;
     const EdReply reply = EdPrompt(L"Specify endpoint of arc or [Angle/CEnter/CLose/Direction/Halfwidth/Line/Second pt/Undo/Width]: ",
-                                   L"Angle CEnter CLose Direction Halfwidth Line Second Undo Width")
+                                   L"Angle CEnter Close Direction Halfwidth Line Second Undo Width")
                               .base(last())
                               .point(p);
     bool drawn = true;
@@ -102,7 +102,7 @@ Pline::Step Pline::option(const EdReply& reply) {
         return EdInputStack::instance().refused() ? Step::kDropped : Step::kDone;
     if (reply.is(L"Arc") || reply.is(L"Line")) {
         mArc = reply.is(L"Arc");
-    } else if (reply.is(L"Close") || reply.is(L"CLose")) {
+    } else if (reply.is(L"Close")) {
         mClosed = true;
         mVertices.back().bulge = mArc ? bulgeByTangent({mVertices.front().point.x, mVertices.front().point.y, mElevation}, tangentAtEnd()) : 0.0;
         mVertices.back().startWidth = mStartWidth;

@@ -71,16 +71,15 @@ void EdInputStack::refuse(const std::wstring& reason) {
         input->refuse(reason);
 }
 std::optional<std::wstring> EdInputStack::nextRaw(const std::wstring& prompt) {
-    if (auto line = takePending()) {
-        acutPrintf(L"%s\n", line->c_str());
-        return line;
-    }
+    if (auto line = takePending())
+        return line; // shown by who asks, as far as it is taken
     EdInput* const input = top();
     return input != nullptr ? input->nextLine(prompt) : std::nullopt;
 }
 std::optional<std::wstring> EdInputStack::ask(const std::wstring& prompt, EdTake take) {
     acutPrintf(L"%s", prompt.c_str());
     const bool fresh = mFrames.empty() || !mFrames.back().pending;
+    const bool shown = !hasPending(); // an input shows what it gives
     auto line = nextRaw(prompt);
     if (line && (*line == L"^C" || *line == L"*Cancel*" || *line == L"\x1b")) {
         acutPrintf(L"*Cancel*\n");
@@ -92,10 +91,13 @@ std::optional<std::wstring> EdInputStack::ask(const std::wstring& prompt, EdTake
         dropPending();
         return std::nullopt;
     }
-    if (take == EdTake::kWholeLine || (take == EdTake::kName && fresh) || mFrames.empty() || !mFrames.back().input->splitsAtBlanks())
-        return line;
-    EdSplitLine split = edSplitLine(*line);
-    if (!split.rest.empty())
-        mFrames.back().pending = std::move(split.rest);
-    return std::move(split.first);
+    if (take != EdTake::kWholeLine && !(take == EdTake::kName && fresh) && !mFrames.empty() && mFrames.back().input->splitsAtBlanks()) {
+        EdSplitLine split = edSplitLine(*line);
+        if (!split.rest.empty())
+            mFrames.back().pending = std::move(split.rest);
+        line = std::move(split.first);
+    }
+    if (!shown)
+        acutPrintf(L"%s\n", line->c_str());
+    return line;
 }
