@@ -200,7 +200,6 @@ TEST(AcRxArxApp, messages_go_to_the_operation_of_their_slot) {
     EXPECT_EQ(acrxDispatchMessage(app, AcRx::kLoadDwgMsg, nullptr), AcRx::kRetOK);
     EXPECT_EQ(gCalls, (std::vector<std::wstring>{L"load"}));
     EXPECT_EQ(acrxDispatchMessage(app, AcRx::kEndDialogMsg, nullptr), AcRx::kRetError);
-    EXPECT_EQ(acrxDispatchMessage(app, static_cast<AcRx::AppMsgCode>(16), nullptr), AcRx::kRetOK);
 }
 TEST(AcEdCommandStack, a_local_name_stands_once_in_a_group) {
     EdSession user;
