@@ -133,8 +133,8 @@ std::vector<EdKeyword> edParseKeywords(std::wstring_view list) {
     for (const std::wstring& word : edSplitAt(list, L' ')) {
         if (word.empty() || word == L"_")
             continue;
-        if (word.front() == L'_')
-            global.push_back(word.substr(1));
+        if (word.front() == L'_' || !global.empty())
+            global.push_back(word.front() == L'_' ? word.substr(1) : word);
         else
             words.push_back({word, word});
     }

@@ -15,8 +15,8 @@ std::optional<int> edParseInt(std::wstring_view text);
 // x,y  x,y,z  @dx,dy  @dx,dy,dz  @d<angle  d<angle  @ (the last point itself); angles in degrees.
 std::optional<AcGePoint3d> edParsePoint(std::wstring_view text, const AcGePoint3d& last);
 
-// The words of a prompt: L"Open Close eXit". Capitals are the part that must be typed. Where the list has
-// words that begin with an underscore, these are the answers of the words before them in order.
+// The words of a prompt: L"Open Close eXit". Capitals are the part that must be typed. From a
+// word with an underscore on, the words are the answers of those before it, in order.
 struct EdKeyword {
     std::wstring shown, answer;
 };

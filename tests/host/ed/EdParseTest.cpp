@@ -31,11 +31,13 @@ TEST(EdParse, capitals_of_a_keyword_are_its_key) {
         EXPECT_FALSE(edMatchKeyword(words, junk)) << acToUtf8(junk);
 }
 TEST(EdParse, a_local_keyword_answers_with_its_global_word) {
-    const auto words = edParseKeywords(L"Igen Nem _Yes No");
-    EXPECT_EQ(*edMatchKeyword(words, L"i"), L"Igen") << "without an underscore on each word only the first is global";
-    const auto both = edParseKeywords(L"Igen Nem _Yes _No");
-    EXPECT_EQ(*edMatchKeyword(both, L"i"), L"Yes");
-    EXPECT_EQ(*edMatchKeyword(both, L"_n"), L"No");
+    for (const wchar_t* list : {L"Igen neM _Yes No", L"Igen neM _Yes _No"}) {
+        const auto words = edParseKeywords(list);
+        ASSERT_EQ(words.size(), 2u);
+        EXPECT_EQ(*edMatchKeyword(words, L"i"), L"Yes");
+        EXPECT_EQ(*edMatchKeyword(words, L"m"), L"No");
+        EXPECT_EQ(*edMatchKeyword(words, L"_n"), L"No");
+    }
 }
 TEST(EdParse, blanks_part_answers_but_forms_and_quotes_hold_together) {
     EXPECT_EQ(edSplitLine(L"  LINE 0,0  1,1 ").first, L"LINE");
