@@ -21,10 +21,6 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     const Acad::ErrorStatus es = DbObjectAccess::adopt(*database(), *entity, objectId(), id);
     if (es != Acad::eOk)
         return es;
-    if (DbObjectAccess::layer(*entity).isNull())
-        DbObjectAccess::layer(*entity) = database()->layerZero();
-    if (DbObjectAccess::linetype(*entity).isNull())
-        DbObjectAccess::linetype(*entity) = database()->byLayerLinetype();
     mEntities.append(id);
     return Acad::eOk;
 }

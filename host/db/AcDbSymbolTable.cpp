@@ -123,11 +123,8 @@ Acad::ErrorStatus addMarkers(AcDbDatabase& db, AcDbBlockTableRecord& block) {
     auto* const end = new AcDbBlockEnd;
     DbObjectAccess::adopt(db, *begin, block.objectId(), DbObjectAccess::blockBegin(block));
     DbObjectAccess::adopt(db, *end, block.objectId(), DbObjectAccess::blockEnd(block));
-    for (AcDbEntity* const marker : {static_cast<AcDbEntity*>(begin), static_cast<AcDbEntity*>(end)}) {
-        DbObjectAccess::layer(*marker) = db.layerZero();
-        DbObjectAccess::linetype(*marker) = db.byLayerLinetype();
-        marker->close();
-    }
+    begin->close();
+    end->close();
     return Acad::eOk;
 }
 } // namespace

@@ -63,6 +63,22 @@ const AcDbObjectImpData* DbObjectAccess::dataIfAny(const AcDbObject& object) {
     return object.mData.get();
 }
 
+namespace {
+// An entity of a drawing names its layer and line type. A vertex or an attribute without one of its
+// own takes its owner's layer.
+void completeProperties(AcDbDatabase& db, AcDbEntity& entity) {
+    AcDbObjectId& layer = DbObjectAccess::layer(entity);
+    if (layer.isNull()) {
+        AcDbEntity* const owner = AcDbEntity::cast(DbObjectAccess::peek(entity.ownerId()));
+        layer = owner != nullptr ? DbObjectAccess::layer(*owner) : AcDbObjectId::kNull;
+    }
+    if (layer.isNull())
+        layer = db.layerZero();
+    if (DbObjectAccess::linetype(entity).isNull())
+        DbObjectAccess::linetype(entity) = db.byLayerLinetype();
+}
+} // namespace
+
 Acad::ErrorStatus DbObjectAccess::adopt(AcDbDatabase& db, AcDbObject& object, AcDbObjectId owner, AcDbObjectId& id) {
     if (!object.mId.isNull())
         return Acad::eAlreadyInDb;
@@ -74,6 +90,8 @@ Acad::ErrorStatus DbObjectAccess::adopt(AcDbDatabase& db, AcDbObject& object, Ac
     object.mId = id = AcDbObjectId(&stub);
     object.mModified = true;
     data(object).owner = owner;
+    if (AcDbEntity* const entity = AcDbEntity::cast(&object))
+        completeProperties(db, *entity);
     d.changed = true;
     if (!d.loading)
         d.undo.recordCreation(stub);

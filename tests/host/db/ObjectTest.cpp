@@ -1,4 +1,5 @@
 // Opening, erasing, extended data, ownership.
+#include "AcDbBlockReference.h"
 #include "AcDbDatabase.h"
 #include "AcDbEntities.h"
 #include "DbObjectAccess.h"
@@ -131,6 +132,28 @@ TEST(Appending, gives_an_id_an_owner_and_the_standard_properties) {
     EXPECT_EQ(db.addAcDbObject(again, line.object()), Acad::eAlreadyInDb);
     EXPECT_EQ(db.getAcDbObjectId(again, false, line->getAcDbHandle()), Acad::eOk);
     EXPECT_EQ(again, id);
+}
+TEST(Appending, an_attribute_without_a_layer_takes_its_references) {
+    AcDbDatabase db;
+    AcDbObjectId layer;
+    {
+        AcDbObjectPointer<AcDbLayerTable> table(db.layerTableId(), AcDb::kForWrite);
+        auto* const record = new AcDbLayerTableRecord;
+        record->setName(L"Út");
+        table->add(layer, record);
+        record->close();
+    }
+    AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId(), AcDb::kForWrite);
+    auto* const reference = new AcDbBlockReference({}, db.paperSpaceId());
+    reference->setLayer(layer);
+    space->appendAcDbEntity(reference);
+    auto* const attribute = new AcDbAttribute;
+    AcDbObjectId id;
+    reference->appendAttribute(id, attribute);
+    EXPECT_EQ(attribute->layerId(), layer);
+    EXPECT_EQ(attribute->linetypeId(), db.byLayerLinetype());
+    attribute->close();
+    reference->close();
 }
 TEST(Appending, a_handle_that_nobody_has_can_be_pointed_to) {
     AcDbDatabase db;
