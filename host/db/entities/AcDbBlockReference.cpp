@@ -90,10 +90,12 @@ Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbObjectId& id, AcDbAttr
         return Acad::eNullObjectPointer;
     if (database() == nullptr)
         return Acad::eNotInDatabase;
+    if (!attribute->objectId().isNull())
+        return Acad::eAlreadyInDb;
+    attribute->setOwnerId(objectId()); // first: its layer is the owner's when it has none
     const Acad::ErrorStatus es = database()->addAcDbObject(id, attribute);
     if (es != Acad::eOk)
         return es;
-    attribute->setOwnerId(objectId());
     mAttributes.append(id);
     return Acad::eOk;
 }
