@@ -1,9 +1,11 @@
 #include "EdDocuments.h"
 
+#include "AcPath.h"
 #include "EdCommandRunner.h"
 #include "EdPreview.h"
 
 #include <algorithm>
+#include <filesystem>
 
 HOST_RX_DEFINE_ABSTRACT(AcApDocument, AcRxObject)
 HOST_RX_DEFINE_ABSTRACT(AcApDocManagerReactor, AcRxObject)
@@ -30,6 +32,15 @@ std::wstring EdDocument::folder() const {
     const std::size_t at = mName.find_last_of(L"\\/");
     return at == std::wstring::npos ? L"" : mName.substr(0, at + 1);
 }
+
+namespace {
+// The drawing keeps its whole path, since the current folder may change under it.
+std::wstring fullPath(const std::wstring& path) {
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(acFileSystemPath(path), error);
+    return error ? path : acHostPath(full.lexically_normal().string());
+}
+} // namespace
 
 EdDocuments& EdDocuments::instance() {
     // Never destroyed: modules and their reactors may outlive every other static of the program.
@@ -62,7 +73,8 @@ EdDocument& EdDocuments::createNew() {
     auto database = std::make_unique<AcDbDatabase>(true);
     return adopt(std::make_unique<EdDocument>(std::move(database), L"Drawing" + std::to_wstring(++mNewCount) + L".dwg", false));
 }
-EdDocument* EdDocuments::open(const std::wstring& path, std::wstring& error) {
+EdDocument* EdDocuments::open(const std::wstring& typed, std::wstring& error) {
+    const std::wstring path = fullPath(typed);
     auto database = std::make_unique<AcDbDatabase>(false);
     const Acad::ErrorStatus es = database->readDwgFile(path.c_str());
     if (es != Acad::eOk) {
@@ -71,10 +83,7 @@ EdDocument* EdDocuments::open(const std::wstring& path, std::wstring& error) {
             error = path + L" cannot be opened: " + acadErrorStatusText(es);
         return nullptr;
     }
-    const ACHAR* full = nullptr;
-    database->getFilename(full);
-    const std::wstring name = full != nullptr && *full != L'\0' ? full : path;
-    return &adopt(std::make_unique<EdDocument>(std::move(database), name, true));
+    return &adopt(std::make_unique<EdDocument>(std::move(database), path, true));
 }
 
 // Reactors may leave or join while they are called.
@@ -114,7 +123,8 @@ void EdDocuments::closeAll() {
         closeCurrent();
     mNewCount = 0;
 }
-Acad::ErrorStatus EdDocuments::save(const std::wstring& path, std::wstring& error) {
+Acad::ErrorStatus EdDocuments::save(const std::wstring& typed, std::wstring& error) {
+    const std::wstring path = fullPath(typed);
     if (mCurrent == nullptr)
         return Acad::eNoDatabase;
     AcDbDatabase& db = *mCurrent->database();
@@ -127,9 +137,7 @@ Acad::ErrorStatus EdDocuments::save(const std::wstring& path, std::wstring& erro
             error = path + L" cannot be saved: " + acadErrorStatusText(es);
         return es;
     }
-    const ACHAR* full = nullptr;
-    db.getFilename(full);
-    mCurrent->setFile(full != nullptr && *full != L'\0' ? full : path);
+    mCurrent->setFile(path);
     db.markSaved();
     return Acad::eOk;
 }
