@@ -63,6 +63,9 @@ public:
     void color(AcCmColor& v) { v = dwgColor(mData.BS()); }
     AcDbObjectId H() { return mIds.id(mHandles.H().absolute(mSelf)); }
     void H(unsigned /*code*/, AcDbObjectId& id) { id = H(); }
+    void style(AcDbObjectId& id) { id = H(); }
+    void layerLineType(AcDbObjectId& id) { id = H(); }
+    void plotStyle(AcDbObjectId& id) { id = H(); }
     // A list whose length stands apart from its items: each item takes `least` bits at least.
     template <class T> void sized(std::vector<T>& list, Adesk::Int64 size, std::size_t least) { list.resize(mData.count(size, least)); }
 
@@ -79,6 +82,9 @@ struct DwgWriteContext {
     AcDbDatabase* database = nullptr;
     // The references to each block that stand in the drawing, by the block's id.
     std::unordered_map<AcDbObjectId, std::vector<AcDbObjectId>> references;
+    // What stands in for an id that an object of the program has left open: strict programs take no
+    // text without a style and no layer without a line type.
+    AcDbObjectId standardStyle, continuous, normalPlotStyle;
 };
 // The items that are not erased.
 inline std::vector<AcDbObjectId> dwgLiveIds(const AcDbObjectIdArray& ids) {
@@ -120,6 +126,9 @@ public:
     void BD3(const AcGeVector3d& v) { mData.BD3v(v); }
     void color(const AcCmColor& v) { mData.BS(v.colorIndex()); }
     void H(unsigned code, AcDbObjectId id) { mHandles.H(code, id.handle()); }
+    void style(AcDbObjectId id) { H(5, id.isNull() ? mContext.standardStyle : id); }
+    void layerLineType(AcDbObjectId id) { H(5, id.isNull() ? mContext.continuous : id); }
+    void plotStyle(AcDbObjectId id) { H(5, id.isNull() ? mContext.normalPlotStyle : id); }
     template <class T> void sized(const std::vector<T>&, Adesk::Int64, std::size_t) {}
 
 private:

@@ -30,6 +30,12 @@ AcDbObjectIdArray* itemsOf(AcDbObject* object, AcDbObjectId*& end) {
 } // namespace
 
 void DwgWriter::completeDrawing() {
+    mContext.standardStyle = mDb.textStyleStandard();
+    mContext.continuous = mDb.continuousLinetype();
+    if (auto* named = AcDbDictionary::cast(DbObjectAccess::peek(mDb.namedObjectsDictionaryId())))
+        if (const auto found = DbObjectAccess::entries(*named).find(L"ACAD_PLOTSTYLENAME"); found != DbObjectAccess::entries(*named).end())
+            if (const auto* styles = AcDbDictionaryWithDefault::cast(DbObjectAccess::peek(found->second)))
+                mContext.normalPlotStyle = styles->defaultId();
     makeSequenceEnds();
     registerApplications();
 }

@@ -7,7 +7,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbAttribute> {
         s.TV(attribute.mTag);
         s.BS(attribute.mFieldLength);
         s.RC(attribute.mFlags);
-        s.H(5, static_cast<AcDbText&>(attribute).mStyle);
+        s.style(static_cast<AcDbText&>(attribute).mStyle);
     }
 };
 extern const DwgClassRow kDwgAttribute = dwgClassRow<AcDbAttribute>(0x02);

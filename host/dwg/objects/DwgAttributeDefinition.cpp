@@ -8,7 +8,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbAttributeDefinition> {
         s.BS(definition.mFieldLength);
         s.RC(definition.mFlags);
         s.TV(definition.mPrompt);
-        s.H(5, static_cast<AcDbText&>(definition).mStyle);
+        s.style(static_cast<AcDbText&>(definition).mStyle);
     }
 };
 extern const DwgClassRow kDwgAttributeDefinition = dwgClassRow<AcDbAttributeDefinition>(0x03);

@@ -5,7 +5,6 @@
 template <> struct DbObjectAccess::DwgFields<AcDbBlockTableRecord> {
     // Bits of the record's flags, as the interchange format numbers them.
     enum Flag { kAnonymous = 1, kHasDefinitions = 2, kIsXref = 4, kIsOverlay = 8, kUnloaded = 32 };
-    static constexpr unsigned kMostInserts = 1U << 24U;
 
     static void file(DwgIn& s, AcDbBlockTableRecord& block) {
         head(s, block);

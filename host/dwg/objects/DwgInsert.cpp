@@ -4,7 +4,6 @@
 
 template <> struct DbObjectAccess::DwgFields<AcDbBlockReference> {
     enum ScaleForm { kNone = 0, kFirstIsOne = 1, kUniform = 2, kAllOne = 3 };
-    static constexpr std::size_t kMostAttributes = 1U << 20U;
 
     static unsigned scaleForm(const AcGeScale3d& scale) {
         if (scale.sx == 1.0)
@@ -30,22 +29,23 @@ template <> struct DbObjectAccess::DwgFields<AcDbBlockReference> {
         }
         s.BD(reference.mRotation);
         s.BD3(reference.mNormal);
-        bool attributes = !reference.mAttributes.isEmpty();
+        const std::vector<AcDbObjectId> live = dwgLiveIds(reference.mAttributes);
+        bool attributes = !live.empty();
         s.B(attributes);
         s.H(5, reference.mBlock);
         if (attributes)
-            attributeLinks(s, reference);
+            attributeLinks(s, reference, live);
         if constexpr (Stream::kReading)
             reference.mPosition = dwgToWorld(place, reference.mNormal);
     }
 
     // The file names the first and last attribute; those between hang together by their links, which
     // are followed when every record has been read.
-    template <class Stream> static void attributeLinks(Stream& s, AcDbBlockReference& reference) {
+    template <class Stream> static void attributeLinks(Stream& s, AcDbBlockReference& reference, const std::vector<AcDbObjectId>& live) {
         AcDbObjectId first, last;
         if constexpr (!Stream::kReading) {
-            first = reference.mAttributes.first();
-            last = reference.mAttributes.last();
+            first = live.front();
+            last = live.back();
         }
         s.H(4, first);
         s.H(4, last);

@@ -17,8 +17,8 @@ template <> struct DbObjectAccess::DwgFields<AcDbLayerTableRecord> {
         s.color(layer.mColor);
         AcDbObjectId external;
         s.H(5, external);
-        s.H(5, layer.mPlotStyle);
-        s.H(5, layer.mLinetype);
+        s.plotStyle(layer.mPlotStyle);
+        s.layerLineType(layer.mLinetype);
         if constexpr (Stream::kReading) {
             layer.mFrozen = (values & kFrozen) != 0;
             layer.mOff = (values & kOff) != 0;

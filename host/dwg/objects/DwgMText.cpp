@@ -17,7 +17,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbMText> {
         s.BD(text.mLineSpacing);
         bool unknown = false; // 0 in every drawing seen
         s.B(unknown);
-        s.H(5, text.mStyle);
+        s.style(text.mStyle);
     }
 };
 extern const DwgClassRow kDwgMText = dwgClassRow<AcDbMText>(0x2C);

@@ -7,9 +7,9 @@ namespace {
 template <class Stream> void vertexLinks(Stream& s, AcDbObjectIdArray& vertices, AcDbObjectId& end) {
     AcDbObjectId first, last;
     if constexpr (!Stream::kReading)
-        if (!vertices.isEmpty()) {
-            first = vertices.first();
-            last = vertices.last();
+        if (const std::vector<AcDbObjectId> live = dwgLiveIds(vertices); !live.empty()) {
+            first = live.front();
+            last = live.back();
         }
     s.H(4, first);
     s.H(4, last);

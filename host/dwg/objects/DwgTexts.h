@@ -25,7 +25,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbText> {
 
     template <class Stream> static void file(Stream& s, AcDbText& text) {
         common(s, text);
-        s.H(5, text.mStyle);
+        s.style(text.mStyle);
     }
 
     // All but the style's handle, which comes behind the handles of no other field.
