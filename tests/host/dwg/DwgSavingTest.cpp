@@ -52,8 +52,9 @@ TEST_F(DwgSaving, a_drawing_of_ours_comes_back_with_every_object_as_it_was) {
         ASSERT_NE(found, after.end());
         ASSERT_EQ(found->second.size(), lines.size());
         for (std::size_t i = 0; i < lines.size(); ++i)
-            if (lines[i] != L"writeHardPointerId 0") // an open layer, line type or style comes back as the usual one
+            if (lines[i] != L"writeHardPointerId 0") { // an open layer, line type or style comes back as the usual one
                 EXPECT_EQ(acToUtf8(found->second[i]), acToUtf8(lines[i]));
+            }
     }
 }
 
