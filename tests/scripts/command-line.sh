@@ -36,6 +36,12 @@ expect 3 'absent.dwg' --no-module absent.dwg -c COUNT
 expect 3 'text.dwg' --no-module text.dwg -c COUNT
 expect 4 'cannot be loaded' --module "$folder/absent.arx" -c COUNT
 expect 0 'Usage' --help
-printf 'POINT 5,5\nCOUNT\n' | "$console" --no-module -s - | grep -q '1  POINT' || { echo 'FAILED: a script on standard input'; failed=1; }
-printf 'POINT 5,5\nNOSUCH\nCOUNT\nQUIT\nY\n' | "$console" --no-module | grep -q '1  POINT' || { echo 'FAILED: typed lines go on after a refused one'; failed=1; }
+piped() { # PATTERN LINES ARGS...: the lines go to standard input
+  local pattern="$1" lines="$2"
+  shift 2
+  printf "$lines" | "$console" "$@" >printed 2>&1
+  grep -q -- "$pattern" printed || { echo "FAILED: $* does not say: $pattern"; cat printed; failed=1; }
+}
+piped '1  POINT' 'POINT 5,5\nCOUNT\n' --no-module -s -
+piped '1  POINT' 'POINT 5,5\nNOSUCH\nCOUNT\nQUIT\nY\n' --no-module # typed lines go on after a refused one
 exit $failed
