@@ -53,6 +53,17 @@ void addDisk(AcDbDatabase& db, std::istream& words) {
     addToModelSpace(db, new AcDbCircle(AcGePoint3d(0.0, radius, 0.0), AcGeVector3d::kZAxis, radius));
 }
 
+void addFill(AcDbDatabase& db, std::istream& words, int color) {
+    AcGePoint2dArray corners;
+    for (AcGePoint2d corner; words >> corner.x >> corner.y;)
+        corners.append(corner);
+    auto* const fill = new AcDbHatch;
+    fill->setSolid();
+    fill->appendLoop(AcDbHatch::kExternal, corners);
+    fill->setColorIndex(static_cast<Adesk::UInt16>(color));
+    addToModelSpace(db, fill);
+}
+
 void addAttribute(AcDbDatabase& db, std::istream& words, bool multiline) {
     std::string tag, value;
     words >> tag >> value;
@@ -75,6 +86,8 @@ void addShape(AcDbDatabase& db, const std::string& line) {
         addDisk(db, words);
     else if (kind == "attdef" || kind == "mattdef")
         addAttribute(db, words, kind == "mattdef");
+    else if (int color = 0; kind == "fill" && words >> color)
+        addFill(db, words, color);
 }
 
 Acad::ErrorStatus readDrawing(AcDbDatabase& db, const ACHAR* path, std::wstring& error) {
@@ -153,7 +166,8 @@ void TextLibrary::add(const std::wstring& relative, const std::string& content) 
     const std::size_t separator = relative.rfind(L'\\');
     if (separator != std::wstring::npos)
         addFolder(relative.substr(0, separator));
-    std::ofstream(acFileSystemPath(path(relative)), std::ios::binary) << content;
+    const bool isXml = relative.ends_with(L".xml"); // kept in the single-byte code page
+    std::ofstream(acFileSystemPath(path(relative)), std::ios::binary) << (isXml ? acToAnsi(acFromUtf8(content)) : content);
 }
 
 void TextLibrary::addBitmap(const std::wstring& relative, int width, int height, unsigned rgb) const {

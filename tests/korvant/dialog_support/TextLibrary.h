@@ -2,6 +2,7 @@
 // shape a line, in drawing units:
 //   box W H            outline from (-W/2, 0) to (W/2, H); a negative H hangs below the origin
 //   disk R             filled circle about the origin's (0, R)
+//   fill COLOR X Y ...  filled polygon in a colour index
 //   attdef TAG VALUE   attribute definition;  mattdef: a multiline one
 //   preview W H RRGGBB the preview stored in the file
 #pragma once
@@ -18,7 +19,8 @@ public:
 
     const std::wstring& root() const { return mRoot; } // host path, no closing backslash
     std::wstring path(const std::wstring& relative) const { return mRoot + L"\\" + relative; }
-    // Makes the folders on the way. relative: with backslashes.
+    // Makes the folders on the way. relative: with backslashes; content: UTF-8, an ".xml" file is
+    // written in the single-byte code page, as installed ones are.
     void add(const std::wstring& relative, const std::string& content) const;
     void addFolder(const std::wstring& relative) const;
     void addBitmap(const std::wstring& relative, int width, int height, unsigned rgb) const;
