@@ -4,6 +4,7 @@
 #include "AfxDialogDriver.h"
 #include "CButton.h"
 #include "CComboBox.h"
+#include "CDisplayListCtrl.h"
 #include "CListBox.h"
 #include "CListCtrl.h"
 #include "CTabCtrl.h"
@@ -206,6 +207,8 @@ std::wstring afxCheck(CWnd& control, const std::wstring& state) {
 
 std::wstring afxSelect(CWnd& control, const AfxWord& what) {
     focus(control);
+    if (auto* picture = dynamic_cast<CDisplayListCtrl*>(&control))
+        return what.isNumber() && picture->selectPart(acWtoi(what.text.c_str())) ? L"" : noSuch(what);
     switch (control.window()->kind) {
     case AfxKind::Combo: return selectEntry(static_cast<CComboBox&>(control), what);
     case AfxKind::List: return selectRow(static_cast<CListCtrl&>(control), what);

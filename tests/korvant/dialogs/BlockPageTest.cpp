@@ -5,7 +5,6 @@
 #include "CTabCtrl.h"
 #include "TrfcAppSettings.h"
 #include "TrfcBlockEnt.h"
-#include "WinShell.h"
 
 namespace {
 class BlockPage : public PostDialog {
@@ -59,7 +58,7 @@ TEST_F(BlockPage, a_marking_with_a_symbol_opens_at_its_properties) {
         EXPECT_EQ(list.GetItemText(1, 1).text(), L"A");
     });
     user.does(L"@click \"?\"");
-    user.sees([&] { EXPECT_TRUE(winOpenedDocuments().back().ends_with(L"::/Block_Properties.html")); });
+    user.sees([&] { EXPECT_TRUE(hasLineWith(user.printed(), L"Súgó: Block_Properties.html")); });
     user.does(L"@ok");
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }

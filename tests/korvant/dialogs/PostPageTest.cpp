@@ -1,7 +1,5 @@
 #include "PostDialogTest.h"
 
-#include "WinShell.h"
-
 namespace {
 using PostPage = PostDialog;
 constexpr int kGeneral = 0;

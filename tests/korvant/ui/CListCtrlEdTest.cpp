@@ -223,11 +223,13 @@ TEST_F(Grid, the_editor_lies_inside_its_cell_and_the_list) {
     user.sees([&] {
         dialog.grid.showCellEditor(0, 1);
         ASSERT_NE(editor(), nullptr);
-        CRect place, list;
+        CRect place, list, cell;
         editor()->GetWindowRect(place);
         dialog.grid.ScreenToClient(&place);
         dialog.grid.GetClientRect(list);
-        EXPECT_EQ(place.left, dialog.grid.GetColumnWidth(0) + 4);
+        dialog.grid.GetSubItemRect(0, 1, LVIR_BOUNDS, cell);
+        EXPECT_EQ(place.left, cell.left + 4);
+        EXPECT_EQ(place.top, cell.top);
         EXPECT_LE(place.right, list.right);
         press(VK_ESCAPE);
     });
