@@ -88,12 +88,14 @@ TEST_F(PropertyPages, escape_on_a_page_cancels_the_window) {
     CPostPropertiesDlg& dialog = open(0);
     user.sees([&] { pressOn(grid(), dialog, VK_ESCAPE); });
     EXPECT_EQ(run(), IDCANCEL);
+    user.takeRefusals(); // the window asked for a line once more, and there is none
 }
 
 TEST_F(PropertyPages, enter_on_a_page_confirms_the_window) {
     CPostPropertiesDlg& dialog = open(0);
     user.sees([&] { pressOn(grid(), dialog, VK_RETURN); });
     EXPECT_EQ(run(), IDOK);
+    user.takeRefusals(); // the window asked for a line once more, and there is none
 }
 
 TEST_F(PropertyPages, the_help_button_opens_the_topic_of_its_page) {
