@@ -4,10 +4,10 @@
 
 #include "AcDbEntities.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace {
+constexpr double kBehind = 1.0e-6; // radians from straight back
 double gWidth = 0.0; // of the last polyline, kept for the next
 
 // A polyline as it is drawn; the drawing gets it whole at the end.
@@ -104,6 +104,10 @@ Pline::Step Pline::option(const EdReply& reply) {
         mArc = reply.is(L"Arc");
     } else if (reply.is(L"Close")) {
         mClosed = true;
+        if (mVertices.size() > 2 && mVertices.back().point == mVertices.front().point) {
+            mVertices.pop_back(); // it is closed already
+            return Step::kDone;
+        }
         mVertices.back().bulge = mArc ? bulgeByTangent({mVertices.front().point.x, mVertices.front().point.y, mElevation}, tangentAtEnd()) : 0.0;
         mVertices.back().startWidth = mStartWidth;
         mVertices.back().endWidth = mEndWidth;
@@ -156,7 +160,8 @@ double Pline::tangentAtEnd() const {
 double Pline::bulgeByTangent(const AcGePoint3d& to, double tangent) const {
     const AcGeVector2d chord = edPoint2d(to) - mVertices.back().point;
     double half = std::remainder(chord.angle() - tangent, kTwoPi);
-    half = std::clamp(half, -kPi + 1.0e-9, kPi - 1.0e-9);
+    if (std::abs(half) > kPi - kBehind)
+        return 1.0; // no tangent arc leads straight back; a half turn is the nearest that does
     return std::tan(half / 2.0);
 }
 bool Pline::arcByAngle() {

@@ -40,6 +40,17 @@ TEST(EdDraw, arcs_of_a_polyline_by_angle_centre_and_second_point) {
         EXPECT_NEAR(bulge, std::tan(kPi / 8.0), 1e-9);
     }
 }
+TEST(EdDraw, an_arc_straight_back_is_a_half_turn_and_closing_there_adds_nothing) {
+    EdSession user;
+    user.type({L"PLINE -1,0 1,0 A -1,0 C"});
+    const auto line = user.only<AcDbPolyline>();
+    ASSERT_TRUE(line);
+    double bulge = 0.0;
+    line->getBulgeAt(1, bulge);
+    EXPECT_EQ(bulge, 1.0);
+    EXPECT_EQ(line->numVerts(), 2u);
+    EXPECT_TRUE(line->isClosed());
+}
 TEST(EdDraw, circles_by_radius_diameter_and_points) {
     EdSession user;
     user.type({L"CIRCLE 0,0 2", L"CIRCLE 0,0 D 3", L"CIRCLE 2P 0,0 4,0", L"CIRCLE 3P 1,0 0,1 -1,0"});
