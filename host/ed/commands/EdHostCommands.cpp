@@ -1,6 +1,7 @@
 #include "EdHostCommands.h"
 
 #include "AcEdCommandStack.h"
+#include "DwgCodec.h"
 #include "core/EdCommandRunner.h"
 
 namespace {
@@ -69,6 +70,7 @@ constexpr Row kRows[] = {
 } // namespace
 
 void edRegisterHostCommands() {
+    dwgInstallCodec(); // drawings are opened and saved by these commands
     AcEdCommandStack* const stack = acedRegCmds();
     // A second call finds each name taken in the group and changes nothing.
     for (const Row& row : kRows)
