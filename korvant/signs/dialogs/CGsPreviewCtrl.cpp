@@ -7,6 +7,7 @@
 namespace {
 // What is shown keeps this much room about it.
 constexpr double kBorderFactor = 1.2;
+constexpr double kOuterFrameFactor = 1.06;
 
 // Exploded copies, released at the end.
 struct Copies {
@@ -119,12 +120,17 @@ void CGsPreviewCtrl::drawHovered(GiDisplayListBuilder& builder, const AcDbEntity
     }
 }
 
+// Two rings about the block, so that the frame is seen beside a plate's own edge.
 void CGsPreviewCtrl::drawFrame(GiDisplayListBuilder& builder, const TrfcBlock& block) const {
-    AcGePoint3dArray corners;
-    block.getBoundingBox(corners);
-    corners.append(AcGePoint3d(corners.first()));
     builder.worldDraw().subEntityTraits().setTrueColor(mHighlight);
-    builder.worldDraw().geometry().polyline(static_cast<Adesk::UInt32>(corners.length()), corners.asArrayPtr());
+    for (const double factor : {1.0, kOuterFrameFactor}) {
+        AcGePoint3dArray corners;
+        block.getBoundingBox(corners);
+        for (AcGePoint3d& corner : corners)
+            corner.scaleBy(factor, block.centroid());
+        corners.append(AcGePoint3d(corners.first()));
+        builder.worldDraw().geometry().polyline(static_cast<Adesk::UInt32>(corners.length()), corners.asArrayPtr());
+    }
 }
 
 void CGsPreviewCtrl::zoomExtents() {
