@@ -4,6 +4,7 @@
 #include "AcRxModule.h"
 #include "AcUtText.h"
 #include "ConsoleOptions.h"
+#include "DwgCodec.h"
 #include "ScriptInput.h"
 #include "TerminalInput.h"
 #include "core/EdCommandRunner.h"
@@ -25,32 +26,30 @@ fs::path programFolder() {
     const fs::path self = fs::read_symlink("/proc/self/exe", error);
     return error ? fs::current_path() : self.parent_path();
 }
-// Support files lie in support/ of the folder KORVANT_HOME, beside the program or one folder up.
+// Where an installation folder may be, which holds korvant.arx, bin/, help/, library/ and support/:
+// KORVANT_HOME, the folder of which the program's own is bin/, and home/ in a build tree.
+std::vector<fs::path> homes() {
+    std::vector<fs::path> places;
+    if (const char* const home = std::getenv("KORVANT_HOME"); home != nullptr && *home != '\0')
+        places.emplace_back(home);
+    const fs::path above = programFolder().parent_path();
+    places.insert(places.end(), {above, above / "home", programFolder()});
+    return places;
+}
 void setSupportFolders() {
     std::vector<std::wstring> folders;
-    std::vector<fs::path> homes;
-    if (const char* const home = std::getenv("KORVANT_HOME"); home != nullptr && *home != '\0')
-        homes.emplace_back(home);
-    homes.push_back(programFolder());
-    homes.push_back(programFolder().parent_path());
-    for (const fs::path& home : homes)
+    for (const fs::path& home : homes())
         if (std::error_code error; fs::is_directory(home / "support", error))
             folders.push_back(acHostPath((home / "support").string()));
     acdbHostApplicationServices()->setSupportPath(std::move(folders));
 }
-// The module lies in bin/ of KORVANT_HOME or of a folder korvant beside the program, or with the program.
 std::string modulePath(const ConsoleOptions& options) {
     if (!options.module.empty())
         return options.module;
-    std::vector<fs::path> places;
-    if (const char* const home = std::getenv("KORVANT_HOME"); home != nullptr && *home != '\0')
-        places.push_back(fs::path(home) / "bin");
-    const fs::path here = programFolder();
-    places.insert(places.end(), {here.parent_path() / "korvant" / "bin", here / "korvant" / "bin", here});
-    for (const fs::path& place : places)
-        if (std::error_code error; fs::exists(place / "korvant.arx", error))
-            return (place / "korvant.arx").string();
-    return (here / "korvant.arx").string();
+    for (const fs::path& home : homes())
+        if (std::error_code error; fs::exists(home / "korvant.arx", error))
+            return (home / "korvant.arx").string();
+    return (programFolder().parent_path() / "korvant.arx").string();
 }
 bool loadModule(const ConsoleOptions& options) {
     if (!options.loadModule)
@@ -125,6 +124,7 @@ int main(int argc, char** argv) {
         return kDone;
     }
     consoleCatchBreak();
+    dwgInstallCodec();
     setSupportFolders();
     const int status = run(*options);
     std::fflush(stdout);
