@@ -78,9 +78,8 @@ EdDocument* EdDocuments::open(const std::wstring& typed, std::wstring& error) {
     auto database = std::make_unique<AcDbDatabase>(false);
     const Acad::ErrorStatus es = database->readDwgFile(path.c_str());
     if (es != Acad::eOk) {
-        error = database->lastError();
-        if (error.empty())
-            error = path + L" cannot be opened: " + acadErrorStatusText(es);
+        const std::wstring reason = database->lastError();
+        error = typed + L": " + (reason.empty() ? acadErrorStatusText(es) : reason);
         return nullptr;
     }
     return &adopt(std::make_unique<EdDocument>(std::move(database), path, true));
