@@ -47,6 +47,9 @@ public:
     template <class T> void RL(T& v) { v = static_cast<T>(mData.RL()); }
     template <class T> void BS(T& v) { v = static_cast<T>(mData.BS()); }
     template <class T> void BL(T& v) { v = static_cast<T>(mData.BL()); }
+    // Values of an enumeration: another number than it has makes the record fail.
+    template <class T> void enumBS(T& v, int last) { takeEnum(v, mData.BS(), last); }
+    template <class T> void enumRC(T& v, int last) { takeEnum(v, mData.RC(), last); }
     void RD(double& v) { v = mData.RD(); }
     void BD(double& v) { v = mData.BD(); }
     void DD(double& v, double standard) { v = mData.DD(standard); }
@@ -72,6 +75,12 @@ public:
     static AcCmColor dwgColor(int fileIndex);
 
 private:
+    template <class T> void takeEnum(T& v, int number, int last) {
+        if (number < 0 || number > last)
+            fail();
+        else
+            v = static_cast<T>(number);
+    }
     const DwgIdSource& mIds;
     DwgBitReader mData, mHandles;
     Adesk::UInt64 mSelf;
@@ -111,6 +120,8 @@ public:
     template <class T> void RL(const T& v) { mData.RL(static_cast<Adesk::UInt32>(v)); }
     template <class T> void BS(const T& v) { mData.BS(static_cast<Adesk::Int16>(v)); }
     template <class T> void BL(const T& v) { mData.BL(static_cast<Adesk::Int32>(v)); }
+    template <class T> void enumBS(const T& v, int) { BS(v); }
+    template <class T> void enumRC(const T& v, int) { RC(v); }
     void RD(double v) { mData.RD(v); }
     void BD(double v) { mData.BD(v); }
     void DD(double v, double standard) { mData.DD(v, standard); }

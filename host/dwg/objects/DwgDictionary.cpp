@@ -5,7 +5,7 @@
 template <> struct DbObjectAccess::DwgFields<AcDbDictionary> {
     static void file(DwgIn& s, AcDbDictionary& dictionary) {
         const std::size_t count = s.handles().count(s.data().BL(), 8);
-        s.BS(dictionary.mMergeStyle);
+        s.enumBS(dictionary.mMergeStyle, AcDb::kDrcUnmangleName);
         s.RC(dictionary.mHard);
         std::vector<std::wstring> names(count);
         for (std::wstring& name : names)
@@ -22,7 +22,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbDictionary> {
             if (id.isValid() && !id.isErased())
                 live.emplace_back(&name, id);
         s.BL(live.size());
-        s.BS(dictionary.mMergeStyle);
+        s.enumBS(dictionary.mMergeStyle, AcDb::kDrcUnmangleName);
         s.RC(dictionary.mHard);
         for (const auto& entry : live)
             s.TV(*entry.first);

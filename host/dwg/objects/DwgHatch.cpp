@@ -69,7 +69,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbHatch> {
     }
 
     template <class Stream> static void edge(Stream& s, Edge& edge) {
-        s.RC(edge.kind);
+        s.enumRC(edge.kind, Edge::kSpline);
         switch (edge.kind) {
         case Edge::kLine:
             s.RD2(edge.start);

@@ -56,9 +56,9 @@ template <> struct DbObjectAccess::DwgFields<AcDbText> {
         if ((flags & kNoGeneration) == 0)
             s.BS(text.mGeneration);
         if ((flags & kNoHorizontal) == 0)
-            s.BS(text.mHorizontalMode);
+            s.enumBS(text.mHorizontalMode, AcDb::kTextFit);
         if ((flags & kNoVertical) == 0)
-            s.BS(text.mVerticalMode);
+            s.enumBS(text.mVerticalMode, AcDb::kTextTop);
         if constexpr (Stream::kReading) {
             text.mPosition = dwgToWorld({flat.x, flat.y, place.z}, text.mNormal);
             // A text that needs no alignment point has none, even where a file spells out zeros.

@@ -10,7 +10,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbXrecord> {
         if (!dwgReadXrecordData(values, s.ids(), record.mChain))
             s.fail();
         s.data().setPosition(s.data().position() + size * 8);
-        s.BS(record.mMergeStyle);
+        s.enumBS(record.mMergeStyle, AcDb::kDrcUnmangleName);
         while (s.handles().left() >= 8 && !s.failed())
             s.H(); // repeats ids of the data in files of other versions
     }
@@ -20,7 +20,7 @@ template <> struct DbObjectAccess::DwgFields<AcDbXrecord> {
         const std::vector<Adesk::UInt8>& bytes = values.finish();
         s.BL(bytes.size());
         s.data().bytes(bytes.data(), bytes.size());
-        s.BS(record.mMergeStyle);
+        s.enumBS(record.mMergeStyle, AcDb::kDrcUnmangleName);
     }
 };
 extern const DwgClassRow kDwgXrecord = dwgClassRow<AcDbXrecord>(0x4F);
