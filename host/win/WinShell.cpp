@@ -109,12 +109,12 @@ std::wstring winHelpPage(LPCWSTR address) {
 HWND HtmlHelpW(HWND, LPCWSTR address, UINT, DWORD_PTR) {
     const std::wstring page = winHelpPage(address);
     const std::wstring topic = topicOf(address == nullptr ? L"" : address);
+    opened().push_back(address == nullptr ? L"" : address);
     if (page.empty() || !isFile(winFileSystemPath(page.c_str()))) {
         acutPrintf(L"Súgó: %s (nincs ilyen oldal)\n", topic.c_str());
         return nullptr;
     }
     acutPrintf(L"Súgó: %s\n", topic.c_str());
-    opened().push_back(page);
     return gOpener(page) ? &opened() : nullptr;
 }
 

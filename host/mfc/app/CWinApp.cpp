@@ -7,6 +7,7 @@
 #include "WinShell.h"
 #include "core/AfxWindow.h"
 
+#include <QGuiApplication>
 #include <QScreen>
 #include <cwchar>
 
@@ -35,6 +36,14 @@ BOOL CWinApp::WriteProfileInt(LPCTSTR section, LPCTSTR entry, int value) {
     return WriteProfileString(section, entry, std::to_wstring(value).c_str());
 }
 
+namespace {
+// A screen in memory is smaller than any real one; it must not shrink what a user's window would keep.
+QRect screenOf(const QWidget& widget) {
+    const QRect usual(0, 0, 1920, 1200);
+    return QGuiApplication::platformName() == QStringLiteral("offscreen") ? usual : widget.screen()->availableGeometry();
+}
+} // namespace
+
 CWinApp* AfxGetApp() {
     static CWinApp application;
     return &application;
@@ -55,7 +64,7 @@ BOOL AfxRestorePlacement(CWnd& window, LPCTSTR section) {
     AfxWindow& state = *window.window();
     if (state.widget == nullptr || std::swscanf(text, L"%d,%d,%d,%d", &x, &y, &width, &height) != 4)
         return FALSE;
-    const QRect screen = state.widget->screen()->availableGeometry();
+    const QRect screen = screenOf(*state.widget);
     const QSize least = state.widget->minimumSize();
     QRect place(x, y, std::clamp(width, std::max(least.width(), 1), std::max(least.width(), screen.width())),
                 std::clamp(height, std::max(least.height(), 1), std::max(least.height(), screen.height())));

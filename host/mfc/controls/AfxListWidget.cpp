@@ -9,8 +9,24 @@
 #include <QHeaderView>
 #include <QListView>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QTreeView>
 #include <set>
+
+namespace {
+// The border lies over the rows' edge, so that rows begin at 0 as programs of this API reckon.
+class Border : public QWidget {
+public:
+    explicit Border(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
+} // namespace
 
 AfxListWidget::AfxListWidget(DWORD style, QWidget* parent) : QWidget(parent) {
     mIsReport = (style & 3) == LVS_REPORT;
@@ -18,7 +34,9 @@ AfxListWidget::AfxListWidget(DWORD style, QWidget* parent) : QWidget(parent) {
         buildReport(style);
     else
         buildIcons();
+    mView->setFrameShape(QFrame::NoFrame);
     mView->setModel(&mModel);
+    mBorder = new Border(this);
     mView->setEditTriggers(QAbstractItemView::NoEditTriggers);
     mView->setSelectionMode((style & LVS_SINGLESEL) != 0 ? QAbstractItemView::SingleSelection : QAbstractItemView::ExtendedSelection);
     mView->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -60,6 +78,7 @@ void AfxListWidget::buildIcons() {
 
 void AfxListWidget::resizeEvent(QResizeEvent*) {
     mView->setGeometry(rect());
+    mBorder->setGeometry(rect());
 }
 
 QStandardItem* AfxListWidget::cell(int row, int column) {

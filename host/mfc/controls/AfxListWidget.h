@@ -44,5 +44,6 @@ private:
 
     QStandardItemModel mModel;
     QAbstractItemView* mView = nullptr;
+    QWidget* mBorder = nullptr;
     bool mIsReport = false;
 };

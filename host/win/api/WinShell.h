@@ -27,7 +27,8 @@ HWND HtmlHelpW(HWND owner, LPCWSTR address, UINT command, DWORD_PTR data);
 // The page's file that an address stands for, whether it exists or not; empty for junk.
 std::wstring winHelpPage(LPCWSTR address);
 
-// What ShellExecuteW and HtmlHelpW opened since the program's start, oldest first (for tests).
+// What was asked for since the program's start, oldest first (for tests): the files that ShellExecuteW
+// opened, and the addresses given to HtmlHelpW, whether their page stands or not.
 const std::vector<std::wstring>& winOpenedDocuments();
 // How a document is handed to the desktop; the default opens nothing, the program with a
 // window installs its own. Returns false where it could not be opened.

@@ -60,7 +60,8 @@ TEST(HtmlHelp, a_topic_is_a_page_in_the_folder_of_the_book) {
     const std::wstring book = hostForm(folder) + L"\\help\\Korvant.chm::/";
     EXPECT_NE(HtmlHelpW(nullptr, (book + L"Welcome.html").c_str(), HH_DISPLAY_TOPIC, 0), nullptr);
     EXPECT_EQ(printed.text, L"Súgó: Welcome.html\n");
-    EXPECT_EQ(winOpenedDocuments().back(), hostForm(folder) + L"\\help\\Welcome.html");
+    EXPECT_EQ(winOpenedDocuments().back(), book + L"Welcome.html");
+    EXPECT_EQ(winHelpPage((book + L"Welcome.html").c_str()), hostForm(folder) + L"\\help\\Welcome.html");
     EXPECT_EQ(HtmlHelpW(nullptr, (book + L"None.html").c_str(), HH_DISPLAY_TOPIC, 0), nullptr);
     EXPECT_NE(printed.text.find(L"None.html (nincs ilyen oldal)"), std::wstring::npos);
 }
