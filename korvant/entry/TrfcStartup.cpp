@@ -1,6 +1,7 @@
 // The settings files at start, with the windows that tell what is wrong with them.
 #include "TrfcStartup.h"
 
+#include "AcUtText.h"
 #include "AfxApp.h"
 #include "CErrorDlg.h"
 #include "CFileDialog.h"
@@ -9,9 +10,11 @@
 
 using namespace TrfcAppSettings;
 
-// korvant.rc, embedded at build time.
+// korvant.rc and the numbers it uses, embedded at build time.
 extern const char* const korvant_rc;
 extern const std::size_t korvant_rc_size;
+extern const char* const korvant_resource_h;
+extern const std::size_t korvant_resource_h_size;
 
 namespace {
 
@@ -40,7 +43,10 @@ bool askDefaultsPath(std::wstring& path) {
 } // namespace
 
 void registerModuleResources() {
-    AfxSetResourceText(korvant_rc, korvant_rc_size);
+    const std::string script = std::string(korvant_resource_h, korvant_resource_h_size) + std::string(korvant_rc, korvant_rc_size);
+    std::wstring reason;
+    if (AfxSetResourceText(script.data(), script.size(), &reason) == FALSE)
+        acutPrintf(L"korvant.rc: %s\n", reason.c_str());
 }
 
 bool loadSettingsAtStart() {
