@@ -246,7 +246,13 @@ std::wstring afxEditCell(CWnd& control, int row, int column, const std::wstring&
     QWidget* focused = QApplication::focusWidget();
     QWidget* widget = editor->window()->widget;
     const bool isInside = focused != nullptr && (focused == widget || widget->isAncestorOf(focused));
-    press(isInside ? *focused : *widget, reason.empty() ? Qt::Key_Return : Qt::Key_Escape);
+    // A window that a dialog over it has left inactive has no focus for a key to go to: the editor
+    // is then offered the key itself.
+    MSG key{editor, WM_KEYDOWN, reason.empty() ? VK_RETURN : VK_ESCAPE, 0};
+    if (isInside)
+        press(*focused, reason.empty() ? Qt::Key_Return : Qt::Key_Escape);
+    else if (!editor->PreTranslateMessage(&key))
+        press(*widget, reason.empty() ? Qt::Key_Return : Qt::Key_Escape);
     afxSettle();
     return reason;
 }
