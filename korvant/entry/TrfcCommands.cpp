@@ -5,6 +5,7 @@
 #include "AcDbDatabase.h"
 #include "AcEdAds.h"
 #include "AcUtText.h"
+#include "CTrfcAboutDlg.h"
 #include "TrfcAppSettings.h"
 #include "showHelpTopic.h"
 #include "TrfcBlockJig.h"
@@ -109,7 +110,7 @@ void openHelp() {
 }
 void openAbout() {
     beginTrusted();
-    printNotBuilt(L"KVN");
+    CTrfcAboutDlg().DoModal();
 }
 void exportDatabase() {
     beginTracking();

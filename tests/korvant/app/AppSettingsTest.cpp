@@ -178,7 +178,7 @@ TEST(AppSettings, the_defaults_file_is_written_in_its_fixed_order_and_reads_back
     const std::wstring path = testTempDir() + L"/defaults.ini";
     ASSERT_TRUE(saveDocDefaults(path));
     const std::wstring saved = readBack(path);
-    EXPECT_EQ(saved.substr(0, 75), L"[version]\nVERSION_NUMBER=7\n\n[scale]\nDOC_SCALE_LIST=\nDOC_CURRENT_SCALE=500\n");
+    EXPECT_EQ(saved.substr(0, 74), L"[version]\nVERSION_NUMBER=7\n\n[scale]\nDOC_SCALE_LIST=\nDOC_CURRENT_SCALE=500\n");
     const std::wstring keys[] = {L"[post measure]", L"DOC_BASEPOINTD", L"DOC_POST_ALPHA0", L"DOC_POST_MIN_AB", L"DOC_POST_MIN_CD", L"DOC_POST_OVERLAP_ERR", L"DOC_POST_DEFAULT_TYPE",
                                  L"DOC_POST_DEFAULT_DWG", L"DOC_POST_ALIEN_DWG", L"[post annotation measure]", L"DOC_ANNO_MIN_DIST", L"DOC_ANNO_HEIGHT", L"DOC_ANNO_COLOR", L"DOC_ANNO_TYPE",
                                  L"DOC_ANNO_LINE_COLOR", L"DOC_ANNO_LINE_TYPE", L"DOC_ANNO_LINE_WEIGHT", L"[block measure]", L"DOC_EXISTING_TABLE_D", L"DOC_PLANNED_TABLE_D", L"DOC_EXISTING_LAMP_D",

@@ -93,7 +93,7 @@ TEST_F(ScaleTracking, a_scale_that_the_drawing_holds_gives_one_row_of_its_own_an
 }
 
 TEST_F(ScaleTracking, a_scale_that_only_the_list_holds_gets_units_by_integer_division) {
-    const auto items = compareScaleList(*mDatabase, L"300/1001/2500");
+    const auto items = compareScaleList(*mDatabase, L"300/1001/2400");
     ASSERT_EQ(items.size(), 3u);
     EXPECT_EQ(items[0].name, L"KV 1 : 300");
     EXPECT_EQ(items[0].source, L"Korvant");

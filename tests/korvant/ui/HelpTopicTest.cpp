@@ -14,6 +14,6 @@ TEST(HelpTopic, is_a_page_of_the_help_file_beside_the_module) {
     TrfcAppSettings::setModuleDirectory(home.path(L"korvant.arx"));
     showHelpTopic(nullptr, L"Welcome.html");
     ASSERT_FALSE(winOpenedDocuments().empty());
-    EXPECT_TRUE(winOpenedDocuments().back().ends_with(L"\\help\\Welcome.html"));
+    EXPECT_TRUE(winOpenedDocuments().back().ends_with(L"\\help\\Korvant.chm::/Welcome.html"));
     EXPECT_TRUE(hasLineWith(user.printed(), L"Welcome.html"));
 }
