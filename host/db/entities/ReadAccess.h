@@ -10,13 +10,14 @@ public:
         if (id.isNull())
             return;
         const Acad::ErrorStatus es = acdbOpenObject(mObject, id, AcDb::kForRead);
-        mOpened = es == Acad::eOk;
-        if (es == Acad::eWasOpenForWrite)
+        if (es == Acad::eOk)
+            mOpened = mObject;
+        else if (es == Acad::eWasOpenForWrite)
             mObject = T::cast(DbObjectAccess::peek(id));
     }
     ~DbReadAccess() {
-        if (mOpened)
-            mObject->close();
+        if (mOpened != nullptr)
+            mOpened->close();
     }
     DbReadAccess(const DbReadAccess&) = delete;
     DbReadAccess& operator=(const DbReadAccess&) = delete;
@@ -26,5 +27,5 @@ public:
 
 private:
     T* mObject = nullptr;
-    bool mOpened = false;
+    T* mOpened = nullptr; // the object again where it is ours to close
 };
