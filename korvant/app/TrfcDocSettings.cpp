@@ -24,9 +24,10 @@ using RbChain = std::unique_ptr<resbuf, RbRelease>;
 class DocDictionary {
 public:
     DocDictionary() {
+        AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
         AcDbDictionary* named = nullptr;
-        if (acdbHostApplicationServices()->workingDatabase()->getNamedObjectsDictionary(named, AcDb::kForWrite) != Acad::eOk)
-            return;
+        if (database == nullptr || database->getNamedObjectsDictionary(named, AcDb::kForWrite) != Acad::eOk)
+            return; // no drawing: every setting reads as nothing
         if (named->getAt(TRFC_DOC_DATA, mDictionary, AcDb::kForWrite) == Acad::eKeyNotFound) {
             AcDbObjectId id;
             mDictionary = new AcDbDictionary;

@@ -22,3 +22,10 @@ diff -u before.list after.list
 for plot in out/junction.pdf out/junction.svg out/junction.png; do
   [ -s "$plot" ] || { echo "$plot was not written"; exit 1; }
 done
+# The independent reader finds the same objects in our file.
+if [ -d "$source/node_modules/@mlightcad/libredwg-web" ]; then
+  node "$source/tests/host/dwg/peer.mjs" "$source/node_modules" out/junction.dwg >peer.json
+  grep -q '"error":0' peer.json || { echo "the independent reader refuses the drawing"; cat peer.json; exit 1; }
+else
+  echo "skipped: the independent reader is not installed"
+fi

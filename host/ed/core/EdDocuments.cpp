@@ -76,8 +76,13 @@ EdDocument& EdDocuments::createNew() {
 EdDocument* EdDocuments::open(const std::wstring& typed, std::wstring& error) {
     const std::wstring path = fullPath(typed);
     auto database = std::make_unique<AcDbDatabase>(false);
+    // Custom entities look up the settings of the drawing that they are read from.
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    AcDbDatabase* const earlier = services->workingDatabase();
+    services->setWorkingDatabase(database.get());
     const Acad::ErrorStatus es = database->readDwgFile(path.c_str());
     if (es != Acad::eOk) {
+        services->setWorkingDatabase(earlier);
         const std::wstring reason = database->lastError();
         error = typed + L": " + (reason.empty() ? acadErrorStatusText(es) : reason);
         return nullptr;

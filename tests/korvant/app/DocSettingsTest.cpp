@@ -74,3 +74,14 @@ TEST_F(DocSettings, each_drawing_keeps_its_own_values) {
     acdbHostApplicationServices()->setWorkingDatabase(first);
     EXPECT_EQ(getDocInt(DOC_CURRENT_SCALE), 200);
 }
+
+TEST_F(DocSettings, without_a_drawing_every_setting_reads_as_nothing) {
+    AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
+    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    EXPECT_EQ(getDocInt(DOC_CURRENT_SCALE), 0);
+    EXPECT_DOUBLE_EQ(getDocDouble(DOC_ANNO_HEIGHT), 0.0);
+    EXPECT_EQ(getDocString(DOC_ANNO_TYPE), L"");
+    setDocInt(DOC_CURRENT_SCALE, 200);
+    acdbHostApplicationServices()->setWorkingDatabase(drawing);
+    EXPECT_EQ(getDocInt(DOC_CURRENT_SCALE), 500);
+}
