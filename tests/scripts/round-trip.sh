@@ -22,10 +22,11 @@ diff -u before.list after.list
 for plot in out/junction.pdf out/junction.svg out/junction.png; do
   [ -s "$plot" ] || { echo "$plot was not written"; exit 1; }
 done
-# The independent reader finds the same objects in our file.
+# The independent reader finds the same objects in our file. Its status 4 says that a class of the file
+# (the module's own) is unknown to it, as of any drawing with custom objects; every other one is a fault.
 if [ -d "$source/node_modules/@mlightcad/libredwg-web" ]; then
   node "$source/tests/host/dwg/peer.mjs" "$source/node_modules" out/junction.dwg >peer.json
-  grep -q '"error":0' peer.json || { echo "the independent reader refuses the drawing"; cat peer.json; exit 1; }
+  grep -qE '"error":(0|4),' peer.json || { echo "the independent reader refuses the drawing"; cat peer.json; exit 1; }
 else
   echo "skipped: the independent reader is not installed"
 fi
