@@ -1,5 +1,6 @@
 #include "EdPreview.h"
 
+#include "AcDbEntities.h"
 #include "DbStyleResolver.h"
 #include "GiPlot.h"
 
@@ -13,11 +14,33 @@ GiDisplayList edDrawingPicture(AcDbDatabase& db, double deviation) {
             builder.add(*entity.object());
     return builder.take();
 }
+namespace {
+// Previews show what a block drawn from the drawing would show: attribute definitions are left out.
+GiDisplayList symbolPicture(AcDbDatabase& db, double deviation) {
+    GiDisplayListBuilder builder(false, kAcGiStandardDisplay, deviation);
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId());
+    if (!space)
+        return builder.take();
+    for (const AcDbObjectId id : space->entityIds())
+        if (const AcDbObjectPointer<AcDbEntity> entity(id); entity && !entity->isKindOf(AcDbAttributeDefinition::desc()))
+            builder.add(*entity.object());
+    return builder.take();
+}
+// Browsers of drawings cut a fifth off each side of a preview, so the picture keeps to its middle.
+GiPlotWindow withSideMargins(const GiPlotWindow& window) {
+    constexpr double kPictureShare = 0.56;
+    const double center = (window.lower.x + window.upper.x) / 2.0;
+    const double half = (window.upper.x - window.lower.x) / 2.0 / kPictureShare;
+    const double edge = (window.upper.y - window.lower.y) * 0.03;
+    return {AcGePoint2d(center - half, window.lower.y - edge), AcGePoint2d(center + half, window.upper.y + edge)};
+}
+} // namespace
+
 std::vector<Adesk::UInt8> edPreviewBitmap(AcDbDatabase& db) {
     const AcDbExtents box = db.extents();
     if (!box.isValid())
         return {};
     const double deviation = box.minPoint().distanceTo(box.maxPoint()) / 1000.0;
-    const GiDisplayList list = edDrawingPicture(db, deviation > 0.0 ? deviation : 0.01);
-    return giThumbnailDib(list, DbStyleResolver(db), giPlotWindowOf(list));
+    const GiDisplayList list = symbolPicture(db, deviation > 0.0 ? deviation : 0.01);
+    return giThumbnailDib(list, DbStyleResolver(db), withSideMargins(giPlotWindowOf(list)));
 }
