@@ -7,7 +7,7 @@
 #include <cstring>
 
 namespace {
-// Open Design Specification, chapters "File header" and "AuxHeader"; numbers as observed in drawings
+// Open Design description of DWG, chapters "File header" and "AuxHeader"; numbers as observed in drawings
 // of present programs.
 constexpr unsigned kSections = kDwgSectionCount;
 constexpr unsigned kHeaderMask = 0x8461; // of six locators
@@ -87,7 +87,7 @@ private:
         mOut.RL(sane ? static_cast<Adesk::UInt32>((date - days) * 86400000.0) : 0);
     }
 
-    // Open Design Specification, chapter "Preview": eighty empty bytes as a head, then the bitmap.
+    // Open Design description of DWG, chapter "Preview": eighty empty bytes as a head, then the bitmap.
     void preview() {
         constexpr std::size_t kHead = 80;
         if (mParts.preview.empty())
@@ -154,7 +154,7 @@ private:
         part.clear();
     }
 
-    // Open Design Specification, chapter "Second file header"; the order of its numbers and the
+    // Open Design description of DWG, chapter "Second file header"; the order of its numbers and the
     // checksum over its size and bits as observed in the drawings.
     void secondHeader() {
         constexpr std::size_t kUnknownBytes = 8;

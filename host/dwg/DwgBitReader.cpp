@@ -4,7 +4,7 @@
 #include <cstring>
 
 Adesk::UInt64 DwgHandleRef::absolute(Adesk::UInt64 base) const {
-    switch (code) { // Open Design Specification, "Handle references"
+    switch (code) { // Open Design description of DWG, "Handle references"
     case 0x6: return base + 1;
     case 0x8: return base - 1;
     case 0xA: return base + value;

@@ -1,6 +1,6 @@
 // The bit streams of drawing files: packed numbers, points, texts and handles, read from memory that is
 // never trusted and written into one growing buffer.
-// Names of the codes as in the Open Design Specification, chapter "Bit codes and data definitions".
+// Names of the codes as in the Open Design description of DWG, chapter "Bit codes and data definitions".
 #pragma once
 
 #include "AcAdesk.h"

@@ -1,4 +1,4 @@
-// Open Design Specification, chapters "Extended entity data" and "XRECORD".
+// Open Design description of DWG, chapters "Extended entity data" and "XRECORD".
 #include "DwgChains.h"
 
 #include "AcUtText.h"

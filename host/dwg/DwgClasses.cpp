@@ -1,4 +1,4 @@
-// Open Design Specification, chapter "CLASSES section", R13 to R2000 form.
+// Open Design description of DWG, chapter "CLASSES section", R13 to R2000 form.
 #include "DwgClasses.h"
 
 namespace {

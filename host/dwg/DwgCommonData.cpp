@@ -1,4 +1,4 @@
-// Open Design Specification, chapters "Common entity data", "Common entity handle data" and "Common
+// Open Design description of DWG, chapters "Common entity data", "Common entity handle data" and "Common
 // object data", the parts that hold for R2000.
 #include "DwgCommonData.h"
 
@@ -178,7 +178,7 @@ std::size_t dwgWriteCommon(DwgBitWriter& data, DwgBitWriter& handles, const DwgC
 }
 
 namespace {
-// Open Design Specification, "Common entity data": the list of line weights.
+// Open Design description of DWG, "Common entity data": the list of line weights.
 constexpr short kWeights[] = {0, 5, 9, 13, 15, 18, 20, 25, 30, 35, 40, 50, 53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 constexpr unsigned kWeightCount = sizeof kWeights / sizeof kWeights[0];
 constexpr unsigned kWeightByLayer = 29, kWeightByBlock = 30, kWeightDefault = 31;

@@ -44,7 +44,7 @@ struct DwgRecordLayout {
     std::size_t handles = 0;   // first bit of the class's own handles
 };
 
-// Numbers of record types (Open Design Specification, chapter "Object types").
+// Numbers of record types (Open Design description of DWG, chapter "Object types").
 bool dwgIsEntityType(int type); // of a built-in type
 const wchar_t* dwgTypeName(int type); // such as DIMENSION_ALIGNED; empty for an unknown number
 

@@ -78,7 +78,7 @@ bool DwgFile::readLocators(DwgError& error) {
     const std::size_t end = kLocatorsAt + 9 * count;
     if (mBytes.size() < end + 2 + sizeof(DwgSentinel))
         return error.set(Acad::eFilerError, L"The drawing file is cut off in its header.");
-    // Open Design Specification, "File header": the checksum is turned by a mask that depends on the count.
+    // Open Design description of DWG, "File header": the checksum is turned by a mask that depends on the count.
     constexpr unsigned kMasks[] = {0xA598, 0x8101, 0x3CC4, 0x8461};
     if (((dwgCrc(0, p, end)) ^ kMasks[count - 3]) != number16(p + end))
         return error.set(Acad::eDwgCRCDoesNotMatch, L"The drawing file's header is damaged: its checksum is wrong.");
@@ -124,7 +124,7 @@ bool DwgFile::objectMap(std::vector<DwgMapEntry>& entries, DwgError& error) cons
         if (section.size - at < 4)
             return error.set(Acad::eFilerError, L"The drawing file is damaged: its object map is cut off.");
         // Sizes and checksums of the map's parts stand with the high byte first; the size
-        // counts itself and not the checksum (Open Design Specification, chapter "Object map").
+        // counts itself and not the checksum (Open Design description of DWG, chapter "Object map").
         const std::size_t size = static_cast<std::size_t>(p[at]) << 8U | p[at + 1];
         if (size < 2 || size + 2 > section.size - at)
             return error.set(Acad::eFilerError, L"The drawing file is damaged: its object map is cut off.");
@@ -190,7 +190,7 @@ int DwgFile::measurement() const {
 }
 
 std::vector<Adesk::UInt8> DwgFile::preview() const {
-    // Open Design Specification, chapter "Preview": sentinel, size, number of images, then a
+    // Open Design description of DWG, chapter "Preview": sentinel, size, number of images, then a
     // triple of kind, start and size each; kind 2 is a bitmap without its file header.
     const std::size_t count = mBytes.size();
     if (mPreview == 0 || mPreview > count || count - mPreview < 21 ||

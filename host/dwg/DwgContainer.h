@@ -9,7 +9,7 @@
 struct DwgSection {
     Adesk::UInt32 offset = 0, size = 0;
 };
-// Numbers of the section locator records (Open Design Specification, chapter "R13-R15 DWG file format
+// Numbers of the section locator records (Open Design description of DWG, chapter "R13-R15 DWG file format
 // organization").
 enum DwgSectionNumber { kDwgHeaderVars = 0, kDwgClasses = 1, kDwgObjectMap = 2, kDwgFreeSpace = 3, kDwgTemplate = 4, kDwgAuxHeader = 5, kDwgSectionCount = 6 };
 
@@ -65,7 +65,7 @@ struct DwgSentinel {
         return other;
     }
 };
-// Open Design Specification, at the head of each section's chapter.
+// Open Design description of DWG, at the head of each section's chapter.
 inline constexpr DwgSentinel kDwgFileHeaderEnd = {{0x95, 0xA0, 0x4E, 0x28, 0x99, 0x82, 0x1A, 0xE5, 0x5E, 0x41, 0xE0, 0x5F, 0x9D, 0x3A, 0x4D, 0x00}};
 inline constexpr DwgSentinel kDwgHeaderVarsBegin = {{0xCF, 0x7B, 0x1F, 0x23, 0xFD, 0xDE, 0x38, 0xA9, 0x5F, 0x7C, 0x68, 0xB8, 0x4E, 0x6D, 0x33, 0x5F}};
 inline constexpr DwgSentinel kDwgClassesBegin = {{0x8D, 0xA1, 0xC4, 0xB8, 0xC4, 0xA9, 0xF8, 0xC5, 0xC0, 0xDC, 0xF4, 0x5F, 0xE7, 0xCF, 0xB6, 0x8A}};

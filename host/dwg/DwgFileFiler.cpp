@@ -56,7 +56,7 @@ DWG_FILER_PAIR(Double, double, data.BD(value), data.BD())
 DWG_FILER_PAIR(AcDbHandle, AcDbHandle, data.H(0, value), AcDbHandle(data.H().value))
 #undef DWG_FILER_PAIR
 
-// Open Design Specification, "Handle references": 2 soft owner, 3 hard owner, 4 soft pointer, 5 hard pointer.
+// Open Design description of DWG, "Handle references": 2 soft owner, 3 hard owner, 4 soft pointer, 5 hard pointer.
 #define DWG_FILER_ID(NAME, CODE)                                                                                       \
     Acad::ErrorStatus DwgFileFiler::write##NAME(AcDb##NAME value) {                                                    \
         return put([&](DwgBitWriter&) { mOut->H(CODE, value); });                                                      \

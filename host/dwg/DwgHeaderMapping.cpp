@@ -4,7 +4,7 @@
 #include "DwgCommonData.h"
 
 namespace {
-// Open Design Specification, "Header variables": bits of the number that begins with CELWEIGHT. Two
+// Open Design description of DWG, "Header variables": bits of the number that begins with CELWEIGHT. Two
 // of them are set when the variable is off.
 struct Packed {
     const wchar_t* name;

@@ -1,4 +1,4 @@
-// The rows: Open Design Specification, chapter "Data section AcDb:Header variables", the rows that
+// The rows: Open Design description of DWG, chapter "Data section AcDb:Header variables", the rows that
 // hold for R2000. A name that the chapter leaves open is called UNKNOWN here; names of space
 // variables of paper space begin with P as the system variables' names do.
 #include "DwgHeaderVars.h"

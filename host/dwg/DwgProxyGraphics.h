@@ -40,7 +40,7 @@ private:
 // Draws chunks; unknown ones are passed over, damaged ones end the picture.
 void dwgPlayProxyGraphics(const std::vector<Adesk::UInt8>& graphics, AcDbDatabase* database, AcGiWorldDraw& worldDraw);
 
-// Numbers of the chunks (Open Design Specification, chapter "Proxy entity graphics").
+// Numbers of the chunks (Open Design description of DWG, chapter "Proxy entity graphics").
 enum DwgChunk {
     kChunkExtents = 1, kChunkCircle = 2, kChunkArc = 4, kChunkPolyline = 6, kChunkPolygon = 7, kChunkText = 10, kChunkText2 = 11,
     kChunkColor = 14, kChunkLayer = 16, kChunkLineType = 18, kChunkFill = 20, kChunkTrueColor = 22, kChunkLineWeight = 23,

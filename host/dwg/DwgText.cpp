@@ -12,7 +12,7 @@ struct PageName {
     const char* name;
     bool multiByte;
 };
-// Open Design Specification, code page numbers of the file header.
+// Open Design description of DWG, code page numbers of the file header.
 constexpr PageName kPages[] = {
     {1, "ISO-8859-1", false}, {2, "ISO-8859-1", false}, {3, "ISO-8859-2", false}, {4, "ISO-8859-3", false}, {5, "ISO-8859-4", false},
     {6, "ISO-8859-5", false}, {7, "ISO-8859-6", false}, {8, "ISO-8859-7", false}, {9, "ISO-8859-8", false}, {10, "ISO-8859-9", false},

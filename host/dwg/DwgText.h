@@ -8,7 +8,7 @@
 
 class DwgTextCodec {
 public:
-    // The number as the file header holds it (Open Design Specification, appendix on code pages):
+    // The number as the file header holds it (Open Design description of DWG, appendix on code pages):
     // 28 Windows-1250, 29 1251, 30 1252 and so on; an unknown number is taken as 1252.
     explicit DwgTextCodec(int codePage);
     int codePage() const { return mCodePage; }

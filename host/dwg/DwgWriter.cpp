@@ -207,7 +207,7 @@ void DwgWriter::finishRecord(std::size_t sizeAt) {
     appendRecord(bytes.data(), bytes.size());
 }
 
-// Open Design Specification, chapter "Objects": size, bits, checksum over both.
+// Open Design description of DWG, chapter "Objects": size, bits, checksum over both.
 void DwgWriter::appendRecord(const Adesk::UInt8* bytes, std::size_t size) {
     const std::size_t start = mObjects.size();
     const auto put16 = [this](std::size_t number) {

@@ -1,4 +1,4 @@
-// ARC: Open Design Specification, chapter "ARC (17)".
+// ARC: Open Design description of DWG, chapter "ARC (17)".
 #include "DwgClassRow.h"
 #include "DwgPlane.h"
 

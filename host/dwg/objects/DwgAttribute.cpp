@@ -1,4 +1,4 @@
-// ATTRIB: Open Design Specification, chapter "ATTRIB (2)". A text with a tag.
+// ATTRIB: Open Design description of DWG, chapter "ATTRIB (2)". A text with a tag.
 #include "DwgTexts.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbAttribute> {

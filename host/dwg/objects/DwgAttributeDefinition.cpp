@@ -1,4 +1,4 @@
-// ATTDEF: Open Design Specification, chapter "ATTDEF (3)". An attribute with a prompt.
+// ATTDEF: Open Design description of DWG, chapter "ATTDEF (3)". An attribute with a prompt.
 #include "DwgTexts.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbAttributeDefinition> {

@@ -1,4 +1,4 @@
-// BLOCK_HEADER: Open Design Specification, chapter "BLOCK HEADER (49)", R2000 form. The first and the
+// BLOCK_HEADER: Open Design description of DWG, chapter "BLOCK HEADER (49)", R2000 form. The first and the
 // last entity are named; the others hang together by their links.
 #include "DwgRecordName.h"
 

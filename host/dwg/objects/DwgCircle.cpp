@@ -1,4 +1,4 @@
-// CIRCLE: Open Design Specification, chapter "CIRCLE (18)".
+// CIRCLE: Open Design description of DWG, chapter "CIRCLE (18)".
 #include "DwgClassRow.h"
 #include "DwgPlane.h"
 

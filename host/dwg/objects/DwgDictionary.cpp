@@ -1,4 +1,4 @@
-// DICTIONARY and the dictionary with a default entry: Open Design Specification, chapters "DICTIONARY
+// DICTIONARY and the dictionary with a default entry: Open Design description of DWG, chapters "DICTIONARY
 // (42)" and "DICTIONARYWDFLT", R2000 form.
 #include "DwgClassRow.h"
 

@@ -1,5 +1,5 @@
 // DIMSTYLE: kept as it came, but for its name. A new one takes its values from the header variables'
-// table, whose dimension rows stand in the same order (Open Design Specification, "DIMSTYLE (69)").
+// table, whose dimension rows stand in the same order (Open Design description of DWG, "DIMSTYLE (69)").
 #include "DwgHeaderVars.h"
 #include "DwgKept.h"
 

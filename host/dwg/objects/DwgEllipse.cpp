@@ -1,4 +1,4 @@
-// ELLIPSE: Open Design Specification, chapter "ELLIPSE (35)". All in world coordinates.
+// ELLIPSE: Open Design description of DWG, chapter "ELLIPSE (35)". All in world coordinates.
 #include "DwgClassRow.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbEllipse> {

@@ -1,4 +1,4 @@
-// HATCH: Open Design Specification, chapter "HATCH", R2000 form.
+// HATCH: Open Design description of DWG, chapter "HATCH", R2000 form.
 #include "DwgClassRow.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbHatch> {

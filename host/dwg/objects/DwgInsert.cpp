@@ -1,4 +1,4 @@
-// INSERT: Open Design Specification, chapter "INSERT (7)", R2000 form.
+// INSERT: Open Design description of DWG, chapter "INSERT (7)", R2000 form.
 #include "DwgClassRow.h"
 #include "DwgPlane.h"
 

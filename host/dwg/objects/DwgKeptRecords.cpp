@@ -25,7 +25,7 @@ void writeRecordFlags(DwgOut& s) {
     s.B(false);
 }
 void dwgWriteNew(DwgOut& s, AcDbViewTableRecord&) {
-    // A plan view of the origin (Open Design Specification, chapter "VIEW (61)").
+    // A plan view of the origin (Open Design description of DWG, chapter "VIEW (61)").
     writeRecordFlags(s);
     s.BD(1.0);                          // height
     s.BD(1.0);                          // width
@@ -43,7 +43,7 @@ void dwgWriteNew(DwgOut& s, AcDbViewTableRecord&) {
     s.H(5, AcDbObjectId());
 }
 void dwgWriteNew(DwgOut& s, AcDbUCSTableRecord&) {
-    // The world's axes (Open Design Specification, chapter "UCS (63)").
+    // The world's axes (Open Design description of DWG, chapter "UCS (63)").
     writeRecordFlags(s);
     s.BD3(AcGePoint3d());
     s.BD3(AcGeVector3d(1.0, 0.0, 0.0));
@@ -56,7 +56,7 @@ void dwgWriteNew(DwgOut& s, AcDbUCSTableRecord&) {
     s.H(5, AcDbObjectId());
 }
 void dwgWriteNew(DwgOut& s, AcDbVXTableRecord&) {
-    // Open Design Specification, chapter "VP ENT HDR (71)".
+    // Open Design description of DWG, chapter "VP ENT HDR (71)".
     writeRecordFlags(s);
     s.B(false);
     s.H(5, AcDbObjectId());

@@ -1,4 +1,4 @@
-// LAYER: Open Design Specification, chapter "LAYER (51)", R2000 form: states and line weight share
+// LAYER: Open Design description of DWG, chapter "LAYER (51)", R2000 form: states and line weight share
 // one number.
 #include "DwgCommonData.h"
 #include "DwgRecordName.h"

@@ -1,4 +1,4 @@
-// LAYOUT, MLINESTYLE and ACDBPLACEHOLDER: Open Design Specification, chapters of these names, R2000 form.
+// LAYOUT, MLINESTYLE and ACDBPLACEHOLDER: Open Design description of DWG, chapters of these names, R2000 form.
 #include "AcDbLayout.h"
 #include "DwgClassRow.h"
 

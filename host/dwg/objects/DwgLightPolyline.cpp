@@ -1,4 +1,4 @@
-// LWPOLYLINE: Open Design Specification, chapter "LWPOLYLINE", R2000 form: points after the first
+// LWPOLYLINE: Open Design description of DWG, chapter "LWPOLYLINE", R2000 form: points after the first
 // are stored as differences to the one before.
 #include "DwgClassRow.h"
 

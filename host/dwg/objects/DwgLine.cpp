@@ -1,4 +1,4 @@
-// LINE: Open Design Specification, chapter "LINE (19)".
+// LINE: Open Design description of DWG, chapter "LINE (19)".
 #include "DwgClassRow.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbLine> {

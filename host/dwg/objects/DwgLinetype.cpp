@@ -1,4 +1,4 @@
-// LTYPE: Open Design Specification, chapter "LTYPE (57)", form up to R2004: 256 bytes of texts always.
+// LTYPE: Open Design description of DWG, chapter "LTYPE (57)", form up to R2004: 256 bytes of texts always.
 #include "DwgRecordName.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// MTEXT: Open Design Specification, chapter "MTEXT (44)", R2000 form. World coordinates.
+// MTEXT: Open Design description of DWG, chapter "MTEXT (44)", R2000 form. World coordinates.
 #include "DwgClassRow.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbMText> {

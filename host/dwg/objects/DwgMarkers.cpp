@@ -1,4 +1,4 @@
-// BLOCK, ENDBLK and SEQEND: Open Design Specification, chapters of these names. A block's begin
+// BLOCK, ENDBLK and SEQEND: Open Design description of DWG, chapters of these names. A block's begin
 // marker holds its whole name (see DwgBlockRecord).
 #include "DwgClassRow.h"
 

@@ -1,4 +1,4 @@
-// POINT: Open Design Specification, chapter "POINT (27)".
+// POINT: Open Design description of DWG, chapter "POINT (27)".
 #include "DwgClassRow.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbPoint> {

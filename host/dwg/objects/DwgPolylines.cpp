@@ -1,4 +1,4 @@
-// POLYLINE_2D, POLYLINE_3D and their vertices: Open Design Specification, chapters "POLYLINE (2D)
+// POLYLINE_2D, POLYLINE_3D and their vertices: Open Design description of DWG, chapters "POLYLINE (2D)
 // (15)", "POLYLINE (3D) (16)", "VERTEX (2D) (10)", "VERTEX (3D) (11)", R2000 form.
 #include "DwgClassRow.h"
 

@@ -3,7 +3,7 @@
 
 #include "DwgClassRow.h"
 
-// Open Design Specification, chapters of the table records: name, the "64" flag (referenced), index of
+// Open Design description of DWG, chapters of the table records: name, the "64" flag (referenced), index of
 // the external reference plus one, and whether the record depends on one. The index and the
 // flags of an external reference are worked out anew by whoever attaches it.
 struct DwgRecordName {

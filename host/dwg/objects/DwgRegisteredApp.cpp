@@ -1,4 +1,4 @@
-// APPID: Open Design Specification, chapter "APPID (67)".
+// APPID: Open Design description of DWG, chapter "APPID (67)".
 #include "DwgRecordName.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbRegAppTableRecord> {

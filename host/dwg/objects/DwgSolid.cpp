@@ -1,4 +1,4 @@
-// SOLID: Open Design Specification, chapter "SOLID (31)". The corners share one elevation.
+// SOLID: Open Design description of DWG, chapter "SOLID (31)". The corners share one elevation.
 #include "DwgClassRow.h"
 #include "DwgPlane.h"
 

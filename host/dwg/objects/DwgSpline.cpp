@@ -1,4 +1,4 @@
-// SPLINE: Open Design Specification, chapter "SPLINE (36)", R2000 form: by control points, or by the
+// SPLINE: Open Design description of DWG, chapter "SPLINE (36)", R2000 form: by control points, or by the
 // points it passes through.
 #include "DwgClassRow.h"
 

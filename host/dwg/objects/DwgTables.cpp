@@ -1,4 +1,4 @@
-// The control objects of the symbol tables: Open Design Specification, chapters "BLOCK CONTROL (48)"
+// The control objects of the symbol tables: Open Design description of DWG, chapters "BLOCK CONTROL (48)"
 // to "VIEWPORT ENTITY HEADER CONTROL (70)".
 #include "AcUtText.h"
 #include "DwgClassRow.h"

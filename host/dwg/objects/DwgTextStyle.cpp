@@ -1,4 +1,4 @@
-// STYLE: Open Design Specification, chapter "SHAPEFILE (53)".
+// STYLE: Open Design description of DWG, chapter "SHAPEFILE (53)".
 #include "DwgRecordName.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbTextStyleTableRecord> {

@@ -4,7 +4,7 @@
 #include "DwgClassRow.h"
 #include "DwgPlane.h"
 
-// Open Design Specification, chapter "TEXT (1)", R2000 form: a flag byte tells which fields have
+// Open Design description of DWG, chapter "TEXT (1)", R2000 form: a flag byte tells which fields have
 // their usual value and are left out.
 template <> struct DbObjectAccess::DwgFields<AcDbText> {
     enum Flag { kNoElevation = 1, kNoAlignment = 2, kNoOblique = 4, kNoRotation = 8, kNoWidth = 16, kNoGeneration = 32, kNoHorizontal = 64, kNoVertical = 128 };

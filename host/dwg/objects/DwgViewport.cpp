@@ -1,4 +1,4 @@
-// VPORT: Open Design Specification, chapter "VPORT (65)", R2000 form. The view's centre and size are
+// VPORT: Open Design description of DWG, chapter "VPORT (65)", R2000 form. The view's centre and size are
 // modelled, the rest is kept.
 #include "DwgKept.h"
 #include "DwgRecordName.h"

@@ -1,4 +1,4 @@
-// XRECORD: Open Design Specification, chapter "XRECORD (79)", R2000 form.
+// XRECORD: Open Design description of DWG, chapter "XRECORD (79)", R2000 form.
 #include "DwgChains.h"
 #include "DwgClassRow.h"
 
