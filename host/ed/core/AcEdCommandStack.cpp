@@ -14,7 +14,8 @@ std::vector<std::unique_ptr<AcEdCommand>>& records() {
     return *theRecords;
 }
 const bool kRegistered = [] {
-    acrxSysRegistry()->atPut(ACRX_COMMAND_DOCK, new AcEdCommandStack); // lives as long as the program
+    static AcEdCommandStack theStack; // lives as long as the program
+    acrxSysRegistry()->atPut(ACRX_COMMAND_DOCK, &theStack);
     return true;
 }();
 } // namespace
