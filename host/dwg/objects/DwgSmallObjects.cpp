@@ -1,5 +1,5 @@
 // Objects of one or two fields that stand in the class section: SCALE and DICTIONARYVAR (Open Design
-// Specification, chapters of these names).
+// description of DWG, chapters of these names).
 #include "DwgClassRow.h"
 
 template <> struct DbObjectAccess::DwgFields<AcDbScale> {
