@@ -1,5 +1,6 @@
 #include "CString.h"
-#include "SampleDialog.h"
+
+#include <gtest/gtest.h>
 
 TEST(CStringTest, formats_wide_texts_and_other_strings) {
     CString s, inner(L"ő");
@@ -72,15 +73,4 @@ TEST(CStringTest, null_counts_as_empty_and_strings_compare) {
     EXPECT_NE(a.Compare(L"ŐR"), 0);
     EXPECT_TRUE(a == L"Őr");
     EXPECT_FALSE(L"x" == a);
-}
-
-TEST(CStringTest, strings_come_from_the_table) {
-    useResources(kSampleResources);
-    CString s;
-    EXPECT_TRUE(s.LoadString(103));
-    EXPECT_STREQ(s, L"Az alapértelmezett beállítások mentése sikeres!");
-    EXPECT_FALSE(s.LoadString(9999));
-    EXPECT_TRUE(s.IsEmpty());
-    s.Format(119u, L"x.ini", 4);
-    EXPECT_STREQ(s, L"(A 'x.ini' fájl)\n4");
 }

@@ -1,7 +1,6 @@
 #include "CString.h"
 
 #include "AcUtText.h"
-#include "AfxApp.h"
 
 #include <algorithm>
 #include <cwctype>
@@ -176,15 +175,6 @@ void CString::FormatV(LPCTSTR format, va_list args) {
 
 void CString::Append(LPCTSTR text) {
     mText += safe(text);
-}
-
-std::wstring CString::resourceText(UINT id) {
-    return AfxResourceString(id);
-}
-
-BOOL CString::LoadString(UINT id) {
-    mText = AfxResourceString(id);
-    return mText.empty() ? FALSE : TRUE;
 }
 
 CString& CString::operator+=(LPCTSTR text) {
