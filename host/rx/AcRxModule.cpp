@@ -143,6 +143,13 @@ bool acrxUnloadModule(const std::wstring& pathOrName) {
     return true;
 }
 
+std::vector<std::wstring> acrxLoadedModules() {
+    std::vector<std::wstring> paths;
+    for (const auto& module : modules().loaded)
+        paths.push_back(module->path);
+    return paths;
+}
+
 void acrxSendToModules(AcRx::AppMsgCode code, void* packet) {
     std::vector<Module*> now; // a module may load or unload others while it is called
     for (const auto& module : modules().loaded)

@@ -1,4 +1,4 @@
-// NEW, OPEN, QSAVE, SAVEAS, CLOSE, QUIT, APPLOAD.
+// NEW, OPEN, QSAVE, SAVEAS, CLOSE, QUIT, APPLOAD, ARX.
 #include "EdCommandKit.h"
 #include "EdHostCommands.h"
 
@@ -70,14 +70,44 @@ void edCmdQuit() {
     if (mayDrop())
         EdCommandRunner::instance().requestQuit();
 }
-void edCmdAppLoad() {
-    const auto path = edAskPath(L"Enter name of application to load: ");
-    if (!path)
-        return;
-    const AcRxModuleLoadResult result = acrxLoadModule(*path);
+namespace {
+void loadModule(const std::wstring& path) {
+    const AcRxModuleLoadResult result = acrxLoadModule(path);
     if (!result.loaded)
         return edFail(result.reason);
-    edSay(L"Loaded: " + *path);
+    edSay(L"Loaded: " + path);
     if (documents().current() != nullptr)
-        acrxSendToModule(*path, AcRx::kLoadDwgMsg);
+        acrxSendToModule(path, AcRx::kLoadDwgMsg);
+}
+std::wstring fileNameOf(const std::wstring& path) {
+    return path.substr(path.find_last_of(L"\\/") + 1); // npos + 1 is 0
+}
+// A module is named by its path or by its file name alone.
+void unloadModule(const std::wstring& name) {
+    for (const std::wstring& path : acrxLoadedModules()) {
+        if (acutWcsicmp(path.c_str(), name.c_str()) != 0 && acutWcsicmp(fileNameOf(path).c_str(), name.c_str()) != 0)
+            continue;
+        if (!acrxUnloadModule(path))
+            return edFail(L"The application cannot be unloaded: " + name);
+        return edSay(L"Unloaded: " + fileNameOf(path));
+    }
+    edFail(L"No such application is loaded: " + name);
+}
+} // namespace
+
+void edCmdAppLoad() {
+    if (const auto path = edAskPath(L"Enter name of application to load: "))
+        loadModule(*path);
+}
+void edCmdArx() {
+    const EdReply reply = EdPrompt(L"Enter an option [?/Load/Unload]: ", L"? Load Unload").keyword();
+    if (reply.is(L"?")) {
+        for (const std::wstring& path : acrxLoadedModules())
+            edSay(fileNameOf(path));
+    } else if (reply.is(L"Load")) {
+        edCmdAppLoad();
+    } else if (reply.is(L"Unload")) {
+        if (const auto name = edAskPath(L"Enter name of application to unload: "))
+            unloadModule(*name);
+    }
 }

@@ -19,6 +19,7 @@ constexpr Row kRows[] = {
     {L"CLOSE", edCmdClose, kEdNoUndoGroup},
     {L"QUIT", edCmdQuit, kEdNoUndoGroup},
     {L"APPLOAD", edCmdAppLoad, kEdNoUndoGroup},
+    {L"ARX", edCmdArx, kEdNoUndoGroup},
     {L"LINE", edCmdLine},
     {L"PLINE", edCmdPline},
     {L"CIRCLE", edCmdCircle},

@@ -9,6 +9,7 @@ void edCmdSaveAs();
 void edCmdClose();
 void edCmdQuit();
 void edCmdAppLoad();
+void edCmdArx();
 // drawing
 void edCmdLine();
 void edCmdPline();

@@ -5,6 +5,7 @@
 #include "AcRxObject.h"
 
 #include <string>
+#include <vector>
 
 class AcRxDictionary : public AcRxObject {
 public:
@@ -41,6 +42,8 @@ AcRxModuleLoadResult acrxLoadModule(const std::wstring& name, AcRxEntryPoint ent
 // Sends kUnloadAppMsg and closes the shared object; false when no such module is loaded or the
 // module has not unlocked itself.
 bool acrxUnloadModule(const std::wstring& pathOrName);
+// The paths of the loaded modules, in load order.
+std::vector<std::wstring> acrxLoadedModules();
 // Sends the message to every loaded module, in load order.
 void acrxSendToModules(AcRx::AppMsgCode code, void* packet = nullptr);
 // Sends it to the one module of that path or name; false when no such module is loaded.
