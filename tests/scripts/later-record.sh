@@ -11,7 +11,7 @@ mkdir data
 fail() { echo "FAILED: $*"; cat printed; exit 1; }
 of_later() { # FILE: the post's filing calls as the later module itself gives them
   "$console" "$1" --module "$later" -c 'SELECT ALL' -c '' -c FILERLIST >printed || fail "the later module cannot read $1"
-  grep -E '^ *(write|read)' printed
+  awk '/^Korvant Oszlop/ {on = 1; next} !/^ / {on = 0} on' printed
 }
 "$console" --new --module "$later" -c LATERPOST -c 'SAVEAS first.dwg' >printed || fail "the later module cannot save"
 of_later first.dwg >before
