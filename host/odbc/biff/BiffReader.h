@@ -1,0 +1,21 @@
+// Reads the sheets of an existing workbook (BIFF8) as tables: row one gives the column names. The
+// bytes may be anybody's: no length, count or offset in them is trusted.
+#pragma once
+
+#include "store/StoreTable.h"
+
+#include <string>
+
+namespace odbc {
+
+// Hands each worksheet to the sink in the workbook's order; one without a cell, a chart or a
+// macro sheet is left out. A blank name in row one becomes "F" and the column's number, a repeated one gets
+// a number behind it, as the Excel driver has it. A column is Date, Bool or Double where all its cells
+// are, otherwise Text (Memo where a cell is longer than 255 characters) with its numbers as text. A
+// formula gives its last result, an error value is null.
+// StoreError: not a workbook, one of an older or newer format, password-protected, damaged.
+void readBiff(const std::string& path, TableSink& sink);
+// The same of a workbook in memory; `name` stands for it in messages.
+void readBiffBytes(std::string_view bytes, const std::string& name, TableSink& sink);
+
+} // namespace odbc
