@@ -9,7 +9,7 @@
 
 namespace {
 
-void put(std::string& out, std::uint32_t value, int bytes) {
+void put(std::string& out, std::uint64_t value, int bytes) {
     for (int i = 0; i < bytes; ++i)
         out += static_cast<char>((value >> (8 * i)) & 0xFF);
 }
