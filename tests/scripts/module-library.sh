@@ -14,8 +14,8 @@ begin() { # NAME: a fresh installation whose settings name its own library
   cd "$folder/$1" || exit 1
   export KORVANT_HOME="$PWD/home" KORVANT_LOCALAPPDATA="$PWD/data"
   local from to # paths in the settings stand with backslashes, in the single-byte code page
-  from="$(printf %s "$home" | sed 's|/|\\\\\\\\|g')"
-  to="$(printf %s "$PWD/home" | sed 's|/|\\\\\\\\|g')"
+  from="$(printf %s "$home" | sed 's|/|\\\\|g')"
+  to="$(printf %s "$PWD/home" | sed 's|/|\\\\|g')"
   LC_ALL=C sed -i "s|$from|$to|" home/bin/settings.ini
   plates="home/library/Táblák/1 elsőbbség"
 }
