@@ -20,6 +20,7 @@ namespace {
 struct ClassRegistry {
     std::map<std::wstring, AcRxClass*, std::less<>> byName;
     std::vector<AcRxClass*> inOrder;
+    std::vector<AcRxClass*> retired; // taken out by deleteAcRxClass; kept for the objects they made
 };
 ClassRegistry& registry() {
     static ClassRegistry* const theRegistry = new ClassRegistry; // outlives every static object
@@ -108,8 +109,8 @@ void deleteAcRxClass(AcRxClass* type) {
         if (child->mImpl->parent == type)
             child->mImpl->parent = type->mImpl->parent;
     r.byName.erase(type->mImpl->name);
-    delete type->mImpl;
-    delete type;
+    // Objects of the class may live on in open drawings, and answer isA() with it until they are closed.
+    r.retired.push_back(type);
 }
 
 void acrxBuildClassHierarchy() {

@@ -52,8 +52,8 @@ private:
 AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, int dwgVersion = 0, int maintenanceVersion = 0,
                         int proxyFlags = 0, AcRxConstructor constructor = nullptr, const ACHAR* dxfName = nullptr,
                         const ACHAR* appName = nullptr, const ACHAR* parentName = nullptr);
-// Takes the class out of the registry; classes derived from it go to its parent. Objects of it must
-// not be used afterwards.
+// Takes the class out of the registry; classes derived from it go to its parent. No new object of it
+// can be made or read; those that live keep their class until they are closed with their drawing.
 void deleteAcRxClass(AcRxClass* type);
 // Completes the tree after a batch of rxInit calls; harmless to repeat.
 void acrxBuildClassHierarchy();

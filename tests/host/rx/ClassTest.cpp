@@ -48,6 +48,8 @@ TEST(RuntimeClass, a_modules_class_comes_with_rxInit_and_goes_with_deleteAcRxCla
     EXPECT_EQ(Plate::cast(nullptr), nullptr);
     deleteAcRxClass(Plate::desc());
     EXPECT_EQ(acrxFindClass(L"Plate"), nullptr);
+    EXPECT_STREQ(made->isA()->name(), L"Plate"); // what lives keeps its class
+    EXPECT_TRUE(made->isKindOf(Sign::desc()));
 }
 TEST(RuntimeClass, a_name_registered_twice_is_one_class) {
     EXPECT_EQ(newAcRxClass(L"Sign", nullptr, 99), Sign::desc());
