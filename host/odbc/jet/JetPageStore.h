@@ -1,0 +1,42 @@
+// The pages of a file that is being written: handed out in order, filled in any order, each once.
+#pragma once
+
+#include "JetFormat.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace odbc::jet {
+
+using PageBytes = std::array<std::uint8_t, kPageSize>;
+
+class JetPageStore {
+public:
+    // Creates or empties the file. Faults of the disk throw StoreError, here and below.
+    explicit JetPageStore(const std::string& path);
+    ~JetPageStore();
+    JetPageStore(const JetPageStore&) = delete;
+    JetPageStore& operator=(const JetPageStore&) = delete;
+
+    // The number of a new page, which holds zeros until it is put. Throws past 2 GB.
+    std::uint32_t allocate();
+    void put(std::uint32_t page, const PageBytes& bytes);
+    std::uint32_t count() const { return m_count; }
+    // Writes what is left and closes the file.
+    void close();
+
+private:
+    void flush();
+    void write(const std::uint8_t* bytes, std::size_t size, std::uint64_t offset);
+    [[noreturn]] void fail(int error) const;
+
+    static constexpr std::uint32_t kWindow = 256; // pages that are gathered for one write
+    std::string m_path;
+    int m_file = -1;
+    std::uint32_t m_count = 0;
+    std::uint32_t m_first = 0; // the first page of the window
+    std::vector<std::uint8_t> m_window;
+};
+
+} // namespace odbc::jet
