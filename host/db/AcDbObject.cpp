@@ -305,15 +305,18 @@ Acad::ErrorStatus AcDbObject::dwgInFields(AcDbDwgFiler* filer) {
 }
 
 AcDbObject* AcDbObject::clone() const {
+    std::unique_ptr<AcDbObject> copy(AcDbObject::cast(isA()->create()));
+    return copy != nullptr && copy->copyFrom(this) == Acad::eOk ? copy.release() : nullptr;
+}
+Acad::ErrorStatus AcDbObject::copyFrom(const AcRxObject* other) {
+    if (other == nullptr)
+        return Acad::eNullObjectPointer;
+    if (other->isA() != isA())
+        return Acad::eNotThatKindOfClass;
     AcDbDeepCloneFiler filer(AcDb::kCopyFiler);
-    if (dwgOut(&filer) != Acad::eOk)
-        return nullptr;
-    AcDbObject* const copy = AcDbObject::cast(isA()->create());
+    const Acad::ErrorStatus es = static_cast<const AcDbObject*>(other)->dwgOut(&filer);
     filer.seek(0, AcDb::kSeekFromStart);
-    if (copy != nullptr && copy->dwgIn(&filer) == Acad::eOk)
-        return copy;
-    delete copy;
-    return nullptr;
+    return es != Acad::eOk ? es : dwgIn(&filer);
 }
 
 // ---- names of entities ----------------------------------------------------------------

@@ -55,8 +55,13 @@ void drawArrowHeads(AcGiCommonDraw* draw, AcGiGeometry& geometry, int mode, cons
 
 } // namespace
 
-void freeGripAppData(void* appData) {
-    delete static_cast<TrfcGripAppData*>(appData);
+AcDbGripData* newGrip(const TrfcGripAppData& data, const AcGePoint3d& place) {
+    auto* grip = new AcDbGripData;
+    grip->setGripPoint(place);
+    grip->setGripName(data.name.c_str());
+    grip->setAppData(new TrfcGripAppData(data));
+    grip->setAppDataFreeFunc([](void* appData) { delete static_cast<TrfcGripAppData*>(appData); });
+    return grip;
 }
 
 void drawGripPlus(AcGiCommonDraw* draw, AcGiGeometry& geometry, int mode, const AcGePoint3d& position, double size) {

@@ -16,8 +16,8 @@ struct TrfcGripAppData {
     AcGeVector3d vector; // direction of the glyph
     Adesk::Int32 index = -1; // of a chain or a stripe entry
 };
-// For AcDbGripData::setAppDataFreeFunc.
-void freeGripAppData(void* appData);
+// A grip with that name and data at that place, without hooks and flags; the caller's.
+AcDbGripData* newGrip(const TrfcGripAppData& data, const AcGePoint3d& place);
 
 // Glyphs. mode: 1 hover, 2 hot, else resting; size in drawing units.
 void drawGripPlus(AcGiCommonDraw* draw, AcGiGeometry& geometry, int mode, const AcGePoint3d& position, double size);

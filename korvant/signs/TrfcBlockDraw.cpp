@@ -112,15 +112,6 @@ constexpr const ACHAR* kMoveGrip = L"grip1";
 constexpr const ACHAR* kTurnGrip = L"grip2";
 constexpr const ACHAR* kEditGrip = L"grip3";
 
-AcDbGripData* newGrip(const TrfcGripAppData& data, const AcGePoint3d& place) {
-    auto* grip = new AcDbGripData;
-    grip->setGripPoint(place);
-    grip->setGripName(data.name.c_str());
-    grip->setAppData(new TrfcGripAppData(data));
-    grip->setAppDataFreeFunc(freeGripAppData);
-    return grip;
-}
-
 bool drawTurnGrip(AcDbGripData* grip, AcGiWorldDraw* worldDraw, const AcDbObjectId&, AcDbGripOperations::DrawType type, AcGePoint3d*, double size) {
     const auto* data = static_cast<const TrfcGripAppData*>(grip->appData());
     drawGripArrowBent(worldDraw, worldDraw->geometry(), type, grip->gripPoint(), size, data->vector);

@@ -2,7 +2,6 @@
 #include "TrfcBlockEnt.h"
 
 #include "TrfcDocSettings.h"
-#include "TrfcDrawingUtils.h"
 #include "TrfcFieldFiler.h"
 #include "TrfcPostDialogs.h"
 #include "TrfcStateChangeData.h"
@@ -27,7 +26,7 @@ TrfcBlockEnt::TrfcBlockEnt(const S_BLOCK_DESCRIPTOR& descriptor, const AcGePoint
 // A new marking has the state and no overlay until setType is called again.
 void TrfcBlockEnt::takeDefaultState() {
     TrfcBlockEnt::setType(static_cast<TRFC_BLOCK_ENT_TYPE>(TrfcDocSettings::getDocInt(DOC_BLOCK_ENT_DEFAULT_TYPE)));
-    mHasOverlay = false;
+    mOverlay.turnOff();
 }
 
 // ---- state ------------------------------------------------------------------------------------
@@ -72,42 +71,34 @@ void TrfcBlockEnt::setBlock(const S_BLOCK_DESCRIPTOR& descriptor) {
 
 void TrfcBlockEnt::setOverlayBlock(AcDbObjectId block) {
     assertWriteEnabled();
-    mOverlay.setBlockTableRecord(block);
+    mOverlay.turnOn(block);
     fitOverlay();
-    mHasOverlay = true;
 }
 
 void TrfcBlockEnt::eraseOverlayBlock() {
     assertWriteEnabled();
-    mHasOverlay = false;
+    mOverlay.turnOff();
 }
 
 // Twice the short side at most, so that the overlay keeps a sane proportion on long and on tall symbols.
 void TrfcBlockEnt::fitOverlay() {
     const double w = width(), h = height();
-    AcGePoint3d place = topPoint();
-    AcGeScale3d scale(w, h, 1.0);
-    if (w / h > 2.0) {
-        scale = AcGeScale3d(h * 2.0, h, 1.0);
-    } else if (w / h < 0.5) {
-        place -= upVector().normal() * (h / 2.0 - w);
-        scale = AcGeScale3d(w, w * 2.0, 1.0);
-    }
-    mOverlay.setPosition(place);
-    mOverlay.setScaleFactors(scale);
-    mOverlay.setRotation(rotation());
+    if (w / h > 2.0)
+        mOverlay.fit(topPoint(), h * 2.0, h, rotation());
+    else if (w / h < 0.5)
+        mOverlay.fit(topPoint() - upVector().normal() * (h / 2.0 - w), w, w * 2.0, rotation());
+    else
+        mOverlay.fit(topPoint(), w, h, rotation());
 }
 
 void TrfcBlockEnt::regen() {
     TrfcBlock::regen();
-    if (mHasOverlay)
-        fitOverlay();
+    fitOverlay();
 }
 
 Acad::ErrorStatus TrfcBlockEnt::subTransformBy(const AcGeMatrix3d& matrix) {
     PlusTransformBy(matrix);
-    if (mHasOverlay)
-        mOverlay.transformBy(matrix);
+    mOverlay.transformBy(matrix);
     return Acad::eOk;
 }
 
@@ -115,18 +106,13 @@ Acad::ErrorStatus TrfcBlockEnt::subTransformBy(const AcGeMatrix3d& matrix) {
 
 bool TrfcBlockEnt::subWorldDraw(AcGiWorldDraw* worldDraw) {
     TrfcBlock::subWorldDraw(worldDraw, false, false, isOutline());
-    if (mHasOverlay) {
-        saveTraits(worldDraw);
-        mOverlay.worldDraw(worldDraw);
-        restoreTraits(worldDraw);
-    }
+    mOverlay.draw(worldDraw);
     return true;
 }
 
 Acad::ErrorStatus TrfcBlockEnt::subExplode(AcDbVoidPtrArray& entities) const {
     PlusExplode(entities, false, false, isOutline());
-    if (mHasOverlay)
-        mOverlay.explode(entities);
+    mOverlay.explode(entities);
     return Acad::eOk;
 }
 
@@ -138,30 +124,12 @@ Acad::ErrorStatus TrfcBlockEnt::subGetOsnapPoints(AcDb::OsnapMode mode, std::int
     return Acad::eOk;
 }
 
-// ---- copies ---------------------------------------------------------------------------------------
-
-TrfcBlockEnt* TrfcBlockEnt::clone() const {
-    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
-    dwgOut(&memory);
-    memory.seek(0, AcDb::kSeekFromStart);
-    auto copy = std::make_unique<TrfcBlockEnt>();
-    copy->dwgIn(&memory);
-    return copy.release();
-}
-
-void TrfcBlockEnt::copyFromClone(const TrfcBlockEnt* other) {
-    if (other == nullptr)
-        return;
-    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
-    other->dwgOut(&memory);
-    memory.seek(0, AcDb::kSeekFromStart);
-    dwgIn(&memory);
-}
+// ---- dialog ---------------------------------------------------------------------------------------
 
 bool TrfcBlockEnt::editProperties() {
     assertWriteEnabled();
     const std::unique_ptr<TrfcBlockEnt> copy(clone());
-    const bool confirmed = editBlockEntProperties(*copy);
+    const bool confirmed = copy != nullptr && editBlockEntProperties(*copy);
     if (confirmed)
         copyFromClone(copy.get());
     return confirmed;
@@ -173,11 +141,7 @@ Acad::ErrorStatus TrfcBlockEnt::dwgOutFields(AcDbDwgFiler* filer) const {
     AcDbEntity::dwgOutFields(filer);
     TrfcBlock::dwgOutFields(filer);
     filer->writeUInt32(kTrfcFileVersion);
-    filer->writeBool(mHasOverlay);
-    if (mHasOverlay) {
-        const AcDbFilerNest nest(filer, L"AcDbBlockReference");
-        mOverlay.dwgOutFields(filer);
-    }
+    mOverlay.dwgOutFields(filer);
     filer->writeUInt16(static_cast<Adesk::UInt16>(mEntType));
     return filer->filerStatus();
 }
@@ -192,11 +156,8 @@ Acad::ErrorStatus TrfcBlockEnt::dwgInFields(AcDbDwgFiler* filer) {
     es = trfcReadVersion(*filer, version);
     if (es != Acad::eOk || version < 6)
         return es != Acad::eOk ? es : filer->filerStatus();
-    filer->readBool(&mHasOverlay);
-    if (mHasOverlay) {
-        mOverlay.dwgInFields(filer);
-        fitOverlay();
-    }
+    mOverlay.dwgInFields(filer);
+    fitOverlay();
     trfcRead(*filer, trfcShort(mEntType));
     return filer->filerStatus();
 }

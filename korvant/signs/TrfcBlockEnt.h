@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TrfcBlock.h"
+#include "TrfcOverlay.h"
 
 enum TRFC_BLOCK_ENT_TYPE : Adesk::Int32 {
     kBlockEntExisting = 0,    // outline only
@@ -26,14 +27,14 @@ public:
                                         const AcGeMatrix3d& viewTransform, AcGePoint3dArray& points, AcIntArray& geomIds) const override;
     // Replaces the symbol at its present place, turn and scale.
     void setBlock(const S_BLOCK_DESCRIPTOR& descriptor);
-    TrfcBlockEnt* clone() const override; // through memory; the caller's
-    void copyFromClone(const TrfcBlockEnt* other);
+    TrfcBlockEnt* clone() const override { return TrfcBlockEnt::cast(TrfcBlock::clone()); } // the caller's
+    void copyFromClone(const TrfcBlockEnt* other) { copyFrom(other); }                      // null does nothing
     // The dialog on a clone; the entity takes the clone on OK. True then.
     bool editProperties();
 
     TRFC_BLOCK_ENT_TYPE entType() const { return mEntType; }
-    bool hasOverlay() const { return mHasOverlay; }
-    const AcDbBlockReference& overlay() const { return mOverlay; }
+    bool hasOverlay() const { return mOverlay.isOn(); }
+    const AcDbBlockReference& overlay() const { return mOverlay.reference(); }
 
     void regen() override;
     using TrfcBlock::subWorldDraw;
@@ -50,7 +51,6 @@ private:
     void fitOverlay();
     bool isOutline() const { return mEntType != kBlockEntPlanned; }
 
-    AcDbBlockReference mOverlay; // in no database
-    bool mHasOverlay = false;
+    TrfcOverlay mOverlay;
     TRFC_BLOCK_ENT_TYPE mEntType = kBlockEntExisting;
 };

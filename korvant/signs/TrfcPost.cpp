@@ -263,30 +263,12 @@ Acad::ErrorStatus TrfcPost::subTransformBy(const AcGeMatrix3d& matrix) {
     return Acad::eOk;
 }
 
-// ---- copies and dialogs -----------------------------------------------------------------------------
-
-TrfcPost* TrfcPost::clone() const {
-    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
-    dwgOut(&memory);
-    memory.seek(0, AcDb::kSeekFromStart);
-    auto copy = std::make_unique<TrfcPost>();
-    copy->dwgIn(&memory);
-    return copy.release();
-}
-
-void TrfcPost::copyFromClone(const TrfcPost* other) {
-    if (other == nullptr)
-        return;
-    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
-    other->dwgOut(&memory);
-    memory.seek(0, AcDb::kSeekFromStart);
-    dwgIn(&memory);
-}
+// ---- dialogs ----------------------------------------------------------------------------------------
 
 bool TrfcPost::editProperties(int page) {
     assertWriteEnabled();
     const std::unique_ptr<TrfcPost> copy(clone());
-    const bool confirmed = editPostProperties(*copy, page);
+    const bool confirmed = copy != nullptr && editPostProperties(*copy, page);
     if (confirmed)
         copyFromClone(copy.get());
     return confirmed;

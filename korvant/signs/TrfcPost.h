@@ -42,8 +42,8 @@ public:
     TrfcBlockChain& lampChain(int index) const { return *mLampChains[static_cast<std::size_t>(index)]; }
 
     // ---- copies
-    TrfcPost* clone() const override; // through memory; the caller's
-    void copyFromClone(const TrfcPost* other); // null does nothing
+    TrfcPost* clone() const override { return TrfcPost::cast(TrfcScalable::clone()); } // the caller's
+    void copyFromClone(const TrfcPost* other) { copyFrom(other); }                     // null does nothing
     void stateChanges();
     void erasePost();
 
@@ -147,6 +147,7 @@ private:
     void setLengthAB(double length, double minAB);
     void moveBend(const AcGeVector3d& vector);
     void turnPost(const AcGeVector3d& vector);
+    void moveNote(const AcGePoint3d& point);
     void turnLamp(const TrfcGripAppData& grip, const AcGeVector3d& vector);
 
     Adesk::Int32 mPlacementPhase = 0;

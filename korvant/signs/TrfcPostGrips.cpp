@@ -22,11 +22,7 @@ enum GripPart : unsigned {
 };
 
 void addGrip(AcDbGripDataPtrArray& grips, const TrfcGripAppData& data, const AcGePoint3d& place, unsigned parts) {
-    auto* grip = new AcDbGripData;
-    grip->setGripPoint(place);
-    grip->setGripName(data.name.c_str());
-    grip->setAppData(new TrfcGripAppData(data));
-    grip->setAppDataFreeFunc(freeGripAppData);
+    AcDbGripData* const grip = newGrip(data, place);
     if ((parts & kStatus) != 0)
         grip->setGripOpStatFunc(postGripStatus);
     if ((parts & kGlyph) != 0)
@@ -91,7 +87,7 @@ Acad::ErrorStatus TrfcPost::subMoveGripPointsAt(const AcDbVoidPtrArray& gripAppD
     else if (name == kGripArmEnd)
         setPointD(mPointD + vector, true);
     else if (name == kGripNote)
-        setPointE(mPointE + vector);
+        moveNote(mPointE + vector);
     else if (name == kGripAddLamp)
         mLampDragPoint = mActiveGrip->point + vector;
     else if (name == kGripLampRot)
@@ -105,8 +101,11 @@ void TrfcPost::turnPost(const AcGeVector3d& vector) {
         rotateAllScales(mVectorAB.angleTo(newB - mPointA, AcGeVector3d::kZAxis));
 }
 
-// The arm slides along the post; the drag counts along the direction of BC.
+// The arm slides along the post; the drag counts along the direction of BC. A post whose B lies on A has
+// nothing to slide along.
 void TrfcPost::moveArmLength(const AcGeVector3d& vector) {
+    if (mVectorAB.length() == 0.0)
+        return;
     const AcGeVector3d ab = mPointB - mPointA, bc = mPointC - mPointB;
     const double minAB = getDocDoubleIn(DOC_POST_MIN_AB, L"wcs");
     const AcGeVector3d along = vector.project(mVectorAB.perpVector(), bc);
@@ -149,6 +148,12 @@ void TrfcPost::moveBend(const AcGeVector3d& vector) {
     mSignChain.offset(mPointD - oldD);
 }
 
+// On A there is no direction towards which the note could stand on the rim.
+void TrfcPost::moveNote(const AcGePoint3d& point) {
+    if (!point.isEqualTo(mPointA))
+        setPointE(point);
+}
+
 // The angle counts from the axis the chain had when the drag began.
 void TrfcPost::turnLamp(const TrfcGripAppData& grip, const AcGeVector3d& vector) {
     const AcGeVector3d outward = grip.point + vector - mPointA;
@@ -164,6 +169,8 @@ void TrfcPost::addLampFromGrip() {
     if (mPointA == mLampDragPoint)
         return;
     const std::unique_ptr<TrfcPost> copy(clone());
+    if (copy == nullptr)
+        return;
     const int lamp = copy->addLampChain(mLampDragPoint);
     if (editPostProperties(*copy, kPostPageFirstLamp + lamp))
         copyFromClone(copy.get());

@@ -3,7 +3,6 @@
 
 #include "ExplodedParts.h"
 #include "TrfcDocSettings.h"
-#include "TrfcDrawingUtils.h"
 #include "TrfcFieldFiler.h"
 
 ACRX_DXF_DEFINE_MEMBERS(TrfcTypedBlock, TrfcBlock, AcDb::kDHL_1021, AcDb::kMReleaseCurrent, 0, L"TrfcTypedBlock",
@@ -44,32 +43,27 @@ void TrfcTypedBlock::setType(TRFC_BLOCK_TYPE type) {
 
 void TrfcTypedBlock::setOverlayBlock(AcDbObjectId block) {
     assertWriteEnabled();
-    mOverlay.setBlockTableRecord(block);
+    mOverlay.turnOn(block);
     fitOverlay();
-    mHasOverlay = true;
 }
 
 void TrfcTypedBlock::eraseOverlayBlock() {
     assertWriteEnabled();
-    mHasOverlay = false;
+    mOverlay.turnOff();
 }
 
 void TrfcTypedBlock::fitOverlay() {
-    mOverlay.setPosition(position());
-    mOverlay.setScaleFactors(AcGeScale3d(width(), height(), 1.0));
-    mOverlay.setRotation(rotation());
+    mOverlay.fit(position(), width(), height(), rotation());
 }
 
 void TrfcTypedBlock::regen() {
     TrfcBlock::regen();
-    if (mHasOverlay)
-        fitOverlay();
+    fitOverlay();
 }
 
 Acad::ErrorStatus TrfcTypedBlock::subTransformBy(const AcGeMatrix3d& matrix) {
     const Acad::ErrorStatus es = TrfcBlock::subTransformBy(matrix);
-    if (mHasOverlay)
-        mOverlay.transformBy(matrix);
+    mOverlay.transformBy(matrix);
     return es;
 }
 
@@ -87,19 +81,14 @@ TrfcTypedBlock::Fading TrfcTypedBlock::fading() const {
 bool TrfcTypedBlock::subWorldDraw(AcGiWorldDraw* worldDraw) {
     const Fading fade = fading();
     TrfcBlock::subWorldDraw(worldDraw, fade.gray, fade.white, false);
-    if (mHasOverlay) {
-        saveTraits(worldDraw);
-        mOverlay.worldDraw(worldDraw);
-        restoreTraits(worldDraw);
-    }
+    mOverlay.draw(worldDraw);
     return true;
 }
 
 Acad::ErrorStatus TrfcTypedBlock::subExplode(AcDbVoidPtrArray& entities) const {
     const Fading fade = fading();
     PlusExplode(entities, fade.gray, fade.white, false);
-    if (mHasOverlay)
-        mOverlay.explode(entities);
+    mOverlay.explode(entities);
     return Acad::eOk;
 }
 
@@ -108,11 +97,7 @@ Acad::ErrorStatus TrfcTypedBlock::subExplode(AcDbVoidPtrArray& entities) const {
 Acad::ErrorStatus TrfcTypedBlock::dwgOutFields(AcDbDwgFiler* filer) const {
     TrfcBlock::dwgOutFields(filer);
     filer->writeUInt32(kTrfcFileVersion);
-    filer->writeBool(mHasOverlay);
-    if (mHasOverlay) {
-        const AcDbFilerNest nest(filer, L"AcDbBlockReference");
-        mOverlay.dwgOutFields(filer);
-    }
+    mOverlay.dwgOutFields(filer);
     filer->writeUInt16(static_cast<Adesk::UInt16>(mBlockType));
     filer->writeDouble(mExistingScale);
     filer->writeDouble(mPlannedScale);
@@ -126,11 +111,8 @@ Acad::ErrorStatus TrfcTypedBlock::dwgInFields(AcDbDwgFiler* filer) {
     const Acad::ErrorStatus versionStatus = trfcReadVersion(*filer, mFiledVersion);
     if (versionStatus != Acad::eOk || mFiledVersion == 0)
         return versionStatus != Acad::eOk ? versionStatus : filer->filerStatus();
-    filer->readBool(&mHasOverlay);
-    if (mHasOverlay) {
-        mOverlay.dwgInFields(filer);
-        fitOverlay();
-    }
+    mOverlay.dwgInFields(filer);
+    fitOverlay();
     trfcRead(*filer, trfcShort(mBlockType));
     filer->readDouble(&mExistingScale);
     filer->readDouble(&mPlannedScale);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "TrfcBlock.h"
+#include "TrfcOverlay.h"
 
 // State of a sign, of a lamp and of a post. Other numbers are stored as they come.
 enum TRFC_BLOCK_TYPE : Adesk::Int32 {
@@ -27,8 +28,8 @@ public:
     virtual void eraseOverlayBlock();
 
     TRFC_BLOCK_TYPE blockType() const { return mBlockType; }
-    bool hasOverlay() const { return mHasOverlay; }
-    const AcDbBlockReference& overlay() const { return mOverlay; }
+    bool hasOverlay() const { return mOverlay.isOn(); }
+    const AcDbBlockReference& overlay() const { return mOverlay.reference(); }
     double existingScale() const { return mExistingScale; }
     double plannedScale() const { return mPlannedScale; }
     // For setType to apply.
@@ -50,8 +51,7 @@ private:
     Fading fading() const;
     void fitOverlay();
 
-    AcDbBlockReference mOverlay; // in no database
-    bool mHasOverlay = false;
+    TrfcOverlay mOverlay;
     double mExistingScale = 1.0;
     double mPlannedScale = 1.0;
     TRFC_BLOCK_TYPE mBlockType = kBlockExisting;

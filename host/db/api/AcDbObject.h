@@ -51,6 +51,9 @@ public:
 
     // A new object of the same class with the same content, in no database; the caller's.
     virtual AcDbObject* clone() const;
+    // Takes the content of an object of the same class through memory; handle, owner and drawing stay.
+    // Null: eNullObjectPointer, another class: eNotThatKindOfClass.
+    Acad::ErrorStatus copyFrom(const AcRxObject* other);
 
     // Extended data: chain of one or more applications, each a 1001 item and its data. The caller
     // releases what xData returns. setXData replaces the applications named in the chain.

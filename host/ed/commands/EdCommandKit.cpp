@@ -26,6 +26,9 @@ void edFail(const std::wstring& reason) {
     edSay(reason);
     EdInputStack::instance().refuse(reason);
 }
+std::wstring edHeadOf(const AcDbEntity& entity) {
+    return edTypeName(entity) + L" " + entity.getAcDbHandle().text();
+}
 std::wstring edDegrees(double radians) {
     return edNumber(radians * 180.0 / kPi);
 }

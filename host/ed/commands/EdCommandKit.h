@@ -25,5 +25,7 @@ std::wstring edWithEnding(const std::wstring& path, const std::wstring& ending);
 void edSay(const std::wstring& line);
 // Tells that the command cannot do what it was told; a script stops there.
 void edFail(const std::wstring& reason);
+// Type and handle, above what a listing says of an object.
+std::wstring edHeadOf(const AcDbEntity& entity);
 inline AcGePoint2d edPoint2d(const AcGePoint3d& p) { return {p.x, p.y}; }
 std::wstring edDegrees(double radians); // as a prompt shows an angle

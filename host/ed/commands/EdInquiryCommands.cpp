@@ -27,9 +27,6 @@ void forEachSelected(const std::function<void(const AcDbEntity&)>& visit) {
             if (const AcDbObjectPointer<AcDbEntity> entity(id); entity)
                 visit(*entity.object());
 }
-std::wstring headOf(const AcDbEntity& entity) {
-    return edTypeName(entity) + L" " + entity.getAcDbHandle().text();
-}
 // Area of the polygon through the points, whichever way it runs.
 double polygonArea(const std::vector<AcGePoint3d>& points) {
     return points.size() < 3 ? 0.0 : std::abs(giLoopArea(points));
@@ -107,7 +104,7 @@ void edCmdCount() {
 
 void edCmdFilerList() {
     forEachSelected([](const AcDbEntity& entity) {
-        edSay(headOf(entity));
+        edSay(edHeadOf(entity));
         AcDbRecordingFiler filer;
         entity.dwgOutFields(&filer);
         for (const std::wstring& line : filer.lines())
@@ -117,7 +114,7 @@ void edCmdFilerList() {
 
 void edCmdDrawList() {
     forEachSelected([](const AcDbEntity& entity) {
-        edSay(headOf(entity));
+        edSay(edHeadOf(entity));
         // A picture is drawn from an object open for read; the drawing operations are not const.
         for (const std::wstring& line : giRecord(const_cast<AcDbEntity&>(entity), edNamer(), false, entity.startTraits()))
             edSay(L"  " + line);

@@ -1,6 +1,7 @@
 #include "EdGrips.h"
 
 #include "core/EdDocuments.h"
+#include "core/EdProperties.h"
 #include "core/EdSysVars.h"
 #include "core/EdView.h"
 
@@ -26,22 +27,35 @@ void tell(const EdGrip& grip, AcDbGripOperations::GripStatus status) {
     if (grip.data && grip.data->gripOpStatFunc() != nullptr)
         grip.data->gripOpStatFunc()(grip.data.get(), grip.entity, status);
 }
+Acad::ErrorStatus moveOn(AcDbEntity& entity, const EdGrip& grip, const AcGeVector3d& offset) {
+    if (grip.data) {
+        AcDbVoidPtrArray data;
+        data.append(grip.data->appData());
+        return entity.moveGripPointsAt(data, offset, 0);
+    }
+    AcIntArray indices;
+    indices.append(grip.pointIndex);
+    return entity.moveGripPointsAt(indices, offset);
+}
 Acad::ErrorStatus move(const EdGrip& grip, const AcGeVector3d& offset) {
     AcDbObjectPointer<AcDbEntity> entity(grip.entity, AcDb::kForWrite);
     if (!entity)
         return entity.openStatus();
-    Acad::ErrorStatus es;
-    if (grip.data) {
-        AcDbVoidPtrArray data;
-        data.append(grip.data->appData());
-        es = entity->moveGripPointsAt(data, offset, 0);
-    } else {
-        AcIntArray indices;
-        indices.append(grip.pointIndex);
-        es = entity->moveGripPointsAt(indices, offset);
-    }
+    const Acad::ErrorStatus es = moveOn(*entity.object(), grip, offset);
     if (es == Acad::eOk)
         entity->recordGraphicsModified();
+    return es;
+}
+Acad::ErrorStatus show(const EdGrip& grip, const AcGeVector3d& offset, std::vector<std::wstring>& primitives) {
+    const AcDbObjectPointer<AcDbEntity> entity(grip.entity);
+    if (!entity)
+        return entity.openStatus();
+    const std::unique_ptr<AcDbEntity> copy(AcDbEntity::cast(entity->clone()));
+    if (copy == nullptr)
+        return Acad::eNotApplicable;
+    const Acad::ErrorStatus es = moveOn(*copy, grip, offset);
+    if (es == Acad::eOk)
+        primitives = giRecord(*copy, edNamer(), true, copy->startTraits());
     return es;
 }
 } // namespace
@@ -58,6 +72,12 @@ Acad::ErrorStatus edDragGrip(const EdGrip& grip, const AcGeVector3d& offset) {
     const Acad::ErrorStatus es = move(grip, offset);
     // The hook opens the object itself, so it is closed by now.
     tell(grip, es == Acad::eOk ? AcDbGripOperations::kGripEnd : AcDbGripOperations::kGripAbort);
+    return es;
+}
+Acad::ErrorStatus edPreviewGripDrag(const EdGrip& grip, const AcGeVector3d& offset, std::vector<std::wstring>& primitives) {
+    tell(grip, AcDbGripOperations::kGripStart);
+    const Acad::ErrorStatus es = show(grip, offset, primitives);
+    tell(grip, AcDbGripOperations::kGripAbort);
     return es;
 }
 void edClickGrip(const EdGrip& grip) {

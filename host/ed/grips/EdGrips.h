@@ -17,5 +17,8 @@ struct EdGrip {
 std::vector<EdGrip> edGripsOf(const AcDbObjectIdArray& ids);
 // Moves the grip and lets its object know the end of the operation.
 Acad::ErrorStatus edDragGrip(const EdGrip& grip, const AcGeVector3d& offset);
+// What the drag shows under the cursor, as DRAWLIST lists it; then the drag is aborted. A copy of the object
+// is dragged, so the object stays as it is.
+Acad::ErrorStatus edPreviewGripDrag(const EdGrip& grip, const AcGeVector3d& offset, std::vector<std::wstring>& primitives);
 // A command grip runs its function; any other is taken up and put down where it stands.
 void edClickGrip(const EdGrip& grip);

@@ -57,6 +57,19 @@ std::optional<std::wstring> EdInputStack::takePending() {
     frame.ahead.pop_front();
     return line;
 }
+bool EdInputStack::takeOption(const std::wstring& keyword) {
+    if (mFrames.empty() || !mFrames.back().pending)
+        return false;
+    EdSplitLine split = edSplitLine(*mFrames.back().pending);
+    if (!edMatchKeyword(edParseKeywords(keyword), split.first))
+        return false;
+    acutPrintf(L"%s\n", split.first.c_str());
+    if (split.rest.empty())
+        mFrames.back().pending.reset();
+    else
+        mFrames.back().pending = std::move(split.rest);
+    return true;
+}
 void EdInputStack::dropPending() {
     if (mFrames.empty())
         return;

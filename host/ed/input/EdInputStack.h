@@ -27,6 +27,8 @@ public:
     void typeAhead(const std::wstring& lines);
     // The line behind an answer that is not used up, all of it; for a dialog.
     std::optional<std::wstring> takePending();
+    // Takes the word behind an answer on the same line, if it is this keyword: an option that may follow.
+    bool takeOption(const std::wstring& keyword);
     void dropPending();
     bool hasPending() const { return !mFrames.empty() && (mFrames.back().pending || !mFrames.back().ahead.empty()); }
     // Tells that what was answered cannot be taken. The run ends after the command unwinds.

@@ -191,4 +191,51 @@ TEST(EdGrips, a_bare_point_is_listed_and_dragged) {
     user.type({L"U"});
     EXPECT_EQ(user.only<AcDbLine>()->startPoint(), AcGePoint3d(0, 0, 0));
 }
+TEST(EdGrips, a_preview_shows_the_dragged_object_and_leaves_it_alone) {
+    for (const wchar_t* const line : {L"GRIPDRAG 1 5,2 preview", L"GRIPDRAG 1 Preview 5,2", L"GRIPDRAG 1 5,2 P"}) {
+        EdSession user;
+        user.type({L"LINE 0,0 10,0", L"", L"SELECT L", L"", line, L"COUNT"});
+        EXPECT_TRUE(user.printed(L"  polyline (0,0,0) (15,2,0)"));
+        EXPECT_TRUE(user.printed(L"1  in all")); // the line was used up
+        EXPECT_EQ(user.only<AcDbLine>()->endPoint(), AcGePoint3d(10, 0, 0));
+        EXPECT_EQ(user.refusal, L"");
+    }
+}
+TEST(EdGrips, what_follows_an_offset_on_its_line_is_the_next_command) {
+    EdSession user;
+    user.type({L"LINE 0,0 10,0", L"", L"SELECT L", L"", L"GRIPDRAG 0 1,2 COUNT"});
+    EXPECT_TRUE(user.printed(L"1  in all"));
+    EXPECT_EQ(user.only<AcDbLine>()->startPoint(), AcGePoint3d(1, 2, 0));
+}
+TEST(EdGrips, a_drag_by_nothing_says_so) {
+    EdSession user;
+    user.type({L"LINE 0,0 10,0", L"", L"SELECT L", L"", L"GRIPDRAG 0 0,0"});
+    EXPECT_TRUE(user.printed(L"The grip stays where it is."));
+    EXPECT_EQ(user.refusal, L"");
+}
+TEST(EdGrips, an_absent_grip_ends_the_run_with_its_name) {
+    for (const wchar_t* const grip : {L"3", L"-1", L"top"}) {
+        EdSession user;
+        user.type({L"LINE 0,0 10,0", L"", L"SELECT L", L"", std::wstring(L"GRIPDRAG ") + grip + L" 1,1", L"ERASE"});
+        EXPECT_EQ(user.refusal, std::wstring(L"There is no grip ") + grip + L".");
+        EXPECT_EQ(user.only<AcDbLine>()->startPoint(), AcGePoint3d(0, 0, 0));
+    }
+}
+TEST(EdGrips, objects_without_grips_are_told_in_one_line) {
+    EdSession user;
+    AcDbObjectId id;
+    auto* const plain = new AcDbEntity;
+    ASSERT_EQ(edAppend(user.db(), plain, id), Acad::eOk);
+    user.type({L"SELECT ALL", L"", L"GRIPLIST"});
+    EXPECT_TRUE(user.printed(L"The selected objects have no grips."));
+    EXPECT_EQ(user.refusal, L"");
+    user.type({L"SELECT ALL", L"", L"GRIPDRAG 0 1,1"});
+    EXPECT_EQ(user.refusal, L"The selected objects have no grips.");
+}
+TEST(EdGrips, an_erased_object_is_not_selected_and_nothing_is_dragged) {
+    EdSession user;
+    user.type({L"LINE 0,0 10,0", L"", L"LINE 0,5 10,5", L"", L"SELECT L", L"", L"ERASE", L"GRIPLIST P", L""});
+    EXPECT_TRUE(user.printed(L"0 found"));
+    EXPECT_FALSE(user.printed(L"  0  grip"));
+}
 } // namespace

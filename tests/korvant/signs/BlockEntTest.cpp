@@ -65,6 +65,15 @@ TEST_F(BlockEnt, a_marking_of_sane_proportion_is_covered_whole_and_its_overlay_f
     EXPECT_DOUBLE_EQ(marking.overlay().rotation(), kHalfPi);
 }
 
+TEST_F(BlockEnt, exactly_twice_as_long_as_wide_counts_as_sane) {
+    for (const auto& [width, height] : {std::pair(2.0, 1.0), std::pair(1.0, 2.0)}) {
+        TrfcBlockEnt marking(box(width, height));
+        marking.setType(kBlockEntToBeRemoved);
+        EXPECT_EQ(marking.overlay().scaleFactors(), AcGeScale3d(width, height, 1.0));
+        expectNear(marking.overlay().position(), marking.topPoint());
+    }
+}
+
 TEST_F(BlockEnt, only_a_planned_marking_shows_its_fill) {
     TrfcBlockEnt marking(filledBox());
     EXPECT_TRUE(linesWith(drawn(marking), L"fill").empty());
@@ -111,6 +120,23 @@ TEST_F(BlockEnt, snaps_at_its_insertion_point_alone) {
         EXPECT_EQ(marking.getOsnapPoints(mode, points), Acad::eOk);
     ASSERT_EQ(points.length(), 1);
     expectNear(points[0], {3.0, 4.0, 0.0});
+}
+
+TEST_F(BlockEnt, grip2_dragged_onto_its_insertion_point_does_nothing) {
+    TrfcBlockEnt marking(box(1.0, 3.0), {3.0, 4.0, 0.0}, 0.5, 1.0);
+    const auto before = filed(marking);
+    dragGrip(marking, L"grip2", marking.position() - marking.topPoint());
+    EXPECT_EQ(filed(marking), before);
+}
+
+TEST_F(BlockEnt, its_grips_take_the_overlay_along) {
+    TrfcBlockEnt marking(box(5.0, 1.0));
+    marking.setType(kBlockEntToBeRemoved);
+    dragGrip(marking, L"grip1", {2.0, 3.0, 0.0});
+    expectNear(marking.overlay().position(), {2.0, 4.0, 0.0});
+    dragGrip(marking, L"grip2", {-1.0, -1.0, 0.0}); // a quarter turn to the left
+    expectNear(marking.overlay().position(), {1.0, 3.0, 0.0});
+    EXPECT_NEAR(marking.overlay().rotation(), kHalfPi, 1e-12);
 }
 
 TEST_F(BlockEnt, a_new_symbol_keeps_place_turn_scale_and_state) {
@@ -163,7 +189,23 @@ TEST_F(BlockEnt, comes_back_from_memory_unchanged) {
     EXPECT_EQ(filed(target), filed(marking));
 }
 
-TEST_F(BlockEnt, a_file_of_version_5_has_no_overlay_and_the_constructors_state) {
+TEST_F(BlockEnt, a_file_of_version_5_has_no_overlay_whatever_the_default_state) {
+    for (const wchar_t* const state : {L"0", L"1", L"2"}) {
+        set(DOC_BLOCK_ENT_DEFAULT_TYPE, state);
+        const TrfcBlockEnt source(box(1.0, 1.0));
+        AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+        source.AcDbEntity::dwgOutFields(&memory);
+        source.TrfcBlock::dwgOutFields(&memory);
+        memory.writeUInt32(5);
+        memory.seek(0, AcDb::kSeekFromStart);
+        TrfcBlockEnt marking;
+        EXPECT_EQ(marking.dwgInFields(&memory), Acad::eOk);
+        EXPECT_EQ(marking.entType(), acWtoi(state));
+        EXPECT_FALSE(marking.hasOverlay());
+    }
+}
+
+TEST_F(BlockEnt, reads_its_state_and_overlay_from_version_6_on) {
     const TrfcBlockEnt source(box(1.0, 1.0));
     for (const Adesk::UInt32 version : {1u, 5u, 6u, 7u, 8u}) {
         SCOPED_TRACE(version);

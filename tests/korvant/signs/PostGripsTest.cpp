@@ -3,6 +3,8 @@
 
 #include "TrfcPostDialogs.h"
 
+#include <map>
+
 namespace {
 class PostGrips : public SignsFixture {
 protected:
@@ -10,6 +12,10 @@ protected:
         auto post = newPost(1);
         post->lampChain(post->addLampChain({5.0, 0.0, 0.0})).appendBlockDownward(newLamp());
         return post;
+    }
+    void show(TrfcPost& post, int scale) const {
+        setScale(scale);
+        post.setScale(scale);
     }
     // Clicks a grip of a resident post.
     AcDbGripOperations::ReturnStatus click(AcDbObjectId id, const std::wstring& name, int which = 0) {
@@ -115,16 +121,15 @@ TEST_F(PostGrips, an_empty_lamp_chain_has_its_edit_grip_on_the_other_side) {
 
 TEST_F(PostGrips, grip1_moves_the_post_in_every_scale) {
     auto post = newPost(1);
-    setScale(1000);
-    post->setScale(1000);
-    setScale(500);
-    post->setScale(500);
+    show(*post, 1000);
+    dragGrip(*post, L"grip5", {0.0, 10.0, 0.0}); // of 1:1000 alone
+    show(*post, 500);
     dragGrip(*post, L"grip1", {1.0, 2.0, 0.0});
     expectNear(post->pointA(), {1.0, 2.0, 0.0});
     EXPECT_EQ(post->recordedScales(), (std::vector<int>{500, 1000}));
-    setScale(1000);
-    post->setScale(1000);
+    show(*post, 1000);
     expectNear(post->pointB(), {1.0, 22.0, 0.0});
+    expectNear(post->pointD(), {13.0, 52.0, 0.0});
 }
 
 TEST_F(PostGrips, grip2_turns_the_post_and_keeps_its_lengths) {
@@ -141,6 +146,114 @@ TEST_F(PostGrips, grip2_dragged_onto_A_does_nothing) {
     const auto before = filed(*post);
     dragGrip(*post, L"grip2", {0.0, -10.0, 0.0});
     EXPECT_EQ(filed(*post), before);
+}
+
+TEST_F(PostGrips, grip2_turns_the_post_in_every_scale) {
+    auto post = newPost(1);
+    show(*post, 1000);
+    dragGrip(*post, L"grip5", {0.0, 10.0, 0.0}); // of 1:1000 alone
+    show(*post, 500);
+    dragGrip(*post, L"grip2", {-10.0, -10.0, 0.0}); // a quarter turn to the left
+    EXPECT_EQ(post->recordedScales(), (std::vector<int>{500, 1000}));
+    show(*post, 1000);
+    expectNear(post->pointA(), {0.0, 0.0, 0.0});
+    expectNear(post->pointB(), {-20.0, 0.0, 0.0});
+    expectNear(post->pointD(), {-50.0, 12.0, 0.0});
+    expectNear(post->signChain().position(), post->pointD());
+    expectLaidWithoutGap(post->signChain());
+}
+
+TEST_F(PostGrips, the_grips_of_the_arm_and_the_note_leave_the_other_scales_alone) {
+    for (const wchar_t* const name : {L"grip3", L"grip4", L"grip5", L"grip6"}) {
+        SCOPED_TRACE(acToUtf8(name));
+        setScale(500);
+        auto post = newPost(1);
+        post->postText().text = L"Tábla";
+        show(*post, 1000);
+        const AcGePoint3d points[] = {post->pointB(), post->pointC(), post->pointD(), post->pointE()};
+        show(*post, 500);
+        dragGrip(*post, name, {1.0, 1.5, 0.0});
+        EXPECT_EQ(post->recordedScales(), (std::vector<int>{500, 1000}));
+        show(*post, 1000);
+        const AcGePoint3d after[] = {post->pointB(), post->pointC(), post->pointD(), post->pointE()};
+        for (int i = 0; i < 4; ++i)
+            expectNear(after[i], points[i]);
+    }
+}
+
+TEST_F(PostGrips, a_plain_transformation_drops_what_the_grips_keep) {
+    for (const AcGeMatrix3d& matrix : {AcGeMatrix3d::translation({1.0, 2.0, 0.0}), AcGeMatrix3d::rotation(kHalfPi, AcGeVector3d::kZAxis, AcGePoint3d::kOrigin),
+                                       AcGeMatrix3d::scaling(2.0, AcGePoint3d::kOrigin)}) {
+        setScale(500);
+        auto post = newPost(1);
+        show(*post, 1000);
+        dragGrip(*post, L"grip5", {0.0, 10.0, 0.0}); // of 1:1000 alone
+        show(*post, 500);
+        post->transformBy(matrix);
+        EXPECT_TRUE(post->recordedScales().empty());
+        const AcGePoint3d a = post->pointA();
+        const AcGeVector3d armAt500 = post->pointD() - a;
+        show(*post, 1000);
+        expectNear(post->pointA(), a);
+        expectNear(post->pointD() - a, armAt500 * 2.0); // derived anew: the drag at 1:1000 is gone
+    }
+}
+
+TEST_F(PostGrips, a_drag_by_nothing_changes_nothing) {
+    for (const wchar_t* const name : {L"grip1", L"grip2", L"grip3", L"grip4", L"grip5", L"grip6", L"gripLampRot"}) {
+        SCOPED_TRACE(acToUtf8(name));
+        auto post = lampPost();
+        post->postText().text = L"Tábla";
+        dragGrip(*post, L"grip3", {0.0, 3.0, 0.0}); // so that armRatio is the one of the lengths
+        const AcGePoint3d points[] = {post->pointA(), post->pointB(), post->pointC(), post->pointD(), post->pointE(), post->lampChain(0).position()};
+        dragGrip(*post, name, {0.0, 0.0, 0.0});
+        const AcGePoint3d after[] = {post->pointA(), post->pointB(), post->pointC(), post->pointD(), post->pointE(), post->lampChain(0).position()};
+        for (int i = 0; i < 6; ++i)
+            expectNear(after[i], points[i]);
+    }
+}
+
+// ---- drags onto an anchor, posts without a direction
+
+TEST_F(PostGrips, grip4_dragged_onto_B_takes_the_bend_away) {
+    auto post = newPost(1);
+    dragGrip(*post, L"grip4", {-6.0, -6.0, 0.0});
+    EXPECT_FALSE(post->hasBend());
+    expectNear(post->pointC(), post->pointB());
+    expectNear(post->pointD(), {0.0, 14.0, 0.0});
+}
+
+TEST_F(PostGrips, grip5_dragged_onto_B_leaves_the_shortest_arm_along_the_post) {
+    auto post = newPost(1);
+    dragGrip(*post, L"grip5", {-6.0, -10.0, 0.0});
+    EXPECT_FALSE(post->hasBend());
+    expectNear(post->pointC(), {0.0, 10.0, 0.0});
+    expectNear(post->pointD(), {0.0, 13.0, 0.0});
+}
+
+TEST_F(PostGrips, grip6_dragged_onto_A_does_nothing) {
+    auto post = newPost(1);
+    post->postText().text = L"Tábla";
+    const auto before = filed(*post);
+    dragGrip(*post, L"grip6", post->pointA() - post->pointE());
+    EXPECT_EQ(filed(*post), before);
+}
+
+TEST_F(PostGrips, a_post_whose_B_lies_on_A_survives_every_drag) {
+    TrfcPost post;
+    post.setBaseBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), L"Oszlopok\\Jelzőoszlop.dwg"));
+    post.setPointA({1.0, 2.0, 0.0});
+    post.setPointB({1.0, 2.0, 0.0});
+    post.setPointD({6.0, 8.0, 0.0}, true);
+    post.signChain().appendBlockUpward(newTable(L"a.dwg"));
+    post.lampChain(post.addLampChain({5.0, 2.0, 0.0})).appendBlockDownward(newLamp());
+    post.postText().text = L"Tábla";
+    for (const std::wstring& name : Grips(post).names()) {
+        dragGrip(post, name, {1.0, 1.0, 0.0});
+        post.clearActiveGrip();
+    }
+    for (const std::wstring& line : filed(post))
+        EXPECT_EQ(line.find(L"nan"), std::wstring::npos) << acToUtf8(line);
 }
 
 TEST_F(PostGrips, grip3_slides_the_arm_along_the_post) {
@@ -292,6 +405,19 @@ TEST_F(PostGrips, a_click_without_a_drag_opens_no_dialog_for_a_post_at_the_old_d
     grips.find(L"gripAddLamp")->gripOpStatFunc()(grips.find(L"gripAddLamp"), id, kEnd);
 }
 
+TEST_F(PostGrips, a_click_after_an_aborted_drag_adds_the_lamp_where_that_drag_ended) {
+    const AcDbObjectId id = resident(newPost(1));
+    drag(id, L"gripAddLamp", {5.0, 1.2, 0.0}, kAbort);
+    dialogAnswers().post = [](TrfcPost&, int) { return true; };
+    AcDbObjectPointer<TrfcPost> post(id);
+    const Grips grips(*post.object());
+    post.close();
+    grips.find(L"gripAddLamp")->gripOpStatFunc()(grips.find(L"gripAddLamp"), id, kEnd);
+    const AcDbObjectPointer<TrfcPost> after(id);
+    ASSERT_EQ(after->lampChainCount(), 1);
+    expectNear(after->lampChain(0).position(), {0.5, 0.0, 0.0});
+}
+
 TEST_F(PostGrips, command_grips_open_the_dialog_at_their_page) {
     const AcDbObjectId id = [&] {
         auto post = lampPost();
@@ -324,16 +450,43 @@ TEST_F(PostGrips, grip7_puts_the_note_back) {
     expectNear(post->pointE(), {5.5, 0.0, 0.0});
 }
 
-TEST_F(PostGrips, every_glyph_draws_something) {
+TEST_F(PostGrips, each_grip_has_its_glyph_along_its_direction) {
     auto post = lampPost();
     post->postText().text = L"Tábla";
     const Grips grips(*post);
-    for (const std::wstring& name : grips.names()) {
-        AcDbGripData* grip = grips.find(name);
-        if (grip->worldDraw() == nullptr)
-            continue;
+    using Glyph = std::function<void(AcGiWorldDraw&, const AcGePoint3d&)>;
+    const auto arrow = [](void (*draw)(AcGiCommonDraw*, AcGiGeometry&, int, const AcGePoint3d&, double, const AcGeVector3d&), const AcGeVector3d& along) {
+        return Glyph([draw, along](AcGiWorldDraw& world, const AcGePoint3d& at) { draw(&world, world.geometry(), 0, at, 0.5, along); });
+    };
+    const auto plain = [](void (*draw)(AcGiCommonDraw*, AcGiGeometry&, int, const AcGePoint3d&, double)) {
+        return Glyph([draw](AcGiWorldDraw& world, const AcGePoint3d& at) { draw(&world, world.geometry(), 0, at, 0.5); });
+    };
+    const std::map<std::wstring, Glyph> glyphs = {
+        {L"grip7", plain(drawGripLeftTriangles)},
+        {L"grip2", arrow(drawGripArrowBent, {0.0, -10.0, 0.0})},
+        {L"grip3", arrow(drawGripArrow, {0.0, 10.0, 0.0})},
+        {L"gripTables", plain(drawGripBar)},
+        {L"gripPostProps", plain(drawGripBar)},
+        {L"gripAddLamp", plain(drawGripPlus)},
+        {L"gripLampRot", arrow(drawGripArrowBent, {-1.0, 0.0, 0.0})},
+        {L"gripLampEd", plain(drawGripBar)},
+    };
+    const auto listed = [](const std::function<void(AcGiWorldDraw&)>& draw) {
         GiDisplayListBuilder builder;
-        EXPECT_TRUE(grip->worldDraw()(grip, &builder.worldDraw(), AcDbObjectId(), AcDbGripOperations::kWarmGrip, nullptr, 0.5));
-        EXPECT_FALSE(builder.list().primitives.empty()) << acToUtf8(name);
+        draw(builder.worldDraw());
+        return giRecord(builder.list(), GiNamer());
+    };
+    for (const std::wstring& name : grips.names()) {
+        SCOPED_TRACE(acToUtf8(name));
+        AcDbGripData* const grip = grips.find(name);
+        const auto glyph = glyphs.find(name);
+        ASSERT_EQ(grip->worldDraw() != nullptr, glyph != glyphs.end());
+        if (glyph == glyphs.end())
+            continue;
+        const auto actual = listed([grip](AcGiWorldDraw& world) {
+            EXPECT_TRUE(grip->worldDraw()(grip, &world, AcDbObjectId(), AcDbGripOperations::kWarmGrip, nullptr, 0.5));
+        });
+        EXPECT_FALSE(actual.empty());
+        EXPECT_EQ(actual, listed([&](AcGiWorldDraw& world) { glyph->second(world, grip->gripPoint()); }));
     }
 }

@@ -12,6 +12,7 @@
 #include "AcUtText.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <memory>
 
@@ -198,4 +199,60 @@ TEST_F(PostRoundTrip, a_road_marking_comes_back_with_the_same_filing_calls) {
     const AcDbObjectPointer<TrfcBlockEnt> read(again);
     ASSERT_TRUE(read) << "no marking under its handle";
     EXPECT_EQ(filed(*read.object()), before);
+}
+
+// ---- any post ------------------------------------------------------------------------------------
+namespace {
+class PostFile : public PostRoundTrip {
+public:
+    void TestBody() override {}
+    std::vector<std::wstring> afterAnyEdits() {
+        AcDbObjectPointer<TrfcPost> post(mId, AcDb::kForWrite);
+        const int steps = *rc::gen::inRange(0, 10);
+        for (int i = 0; i < steps; ++i) {
+            if (*rc::gen::inRange(0, 3) == 0)
+                visit(*post.object(), *rc::gen::element(100, 200, 500, 1000, 30000));
+            else
+                dragAnyGrip(*post.object());
+        }
+        return filed(*post.object());
+    }
+    std::vector<std::wstring> afterTheFile() {
+        const AcDbHandle handle = mId.handle();
+        const std::wstring path = mFolder + L"\\any.dwg";
+        RC_ASSERT(drawing.saveAs(path.c_str()) == Acad::eOk);
+        AcDbDatabase opened(false, true);
+        RC_ASSERT(opened.readDwgFile(path.c_str()) == Acad::eOk);
+        acdbHostApplicationServices()->setWorkingDatabase(&opened);
+        AcDbObjectId id;
+        RC_ASSERT(opened.getAcDbObjectId(id, false, handle) == Acad::eOk);
+        const AcDbObjectPointer<TrfcPost> post(id);
+        RC_ASSERT(!!post);
+        return filed(*post.object());
+    }
+
+private:
+    static void visit(TrfcPost& post, int scale) {
+        TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, scale);
+        post.setScale(scale);
+    }
+    static void dragAnyGrip(TrfcPost& post) {
+        AcDbGripDataPtrArray grips;
+        post.getGripPoints(grips, 1.0, 5, AcGeVector3d::kZAxis, 0);
+        AcDbVoidPtrArray data;
+        data.append(grips[*rc::gen::inRange(0, grips.length())]->appData());
+        post.moveGripPointsAt(data, {*rc::gen::inRange(-4000, 4000) / 100.0, *rc::gen::inRange(-4000, 4000) / 100.0, 0.0}, 0);
+        post.clearActiveGrip();
+        for (AcDbGripData* const grip : grips)
+            delete grip;
+    }
+    std::wstring mFolder = testTempDir();
+    AcDbObjectId mId = add(newPost());
+};
+} // namespace
+
+RC_GTEST_PROP(PostFiles, a_post_after_any_drags_and_scales_comes_back_from_its_file_with_the_same_filing_calls, ()) {
+    PostFile world;
+    const auto before = world.afterAnyEdits();
+    RC_ASSERT(world.afterTheFile() == before);
 }
