@@ -24,6 +24,7 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point pick);
 int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const resbuf* filter, ads_name set);
 int acedSSLength(const ads_name set, Adesk::Int32* length);
 int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity);
+int acedSSMemb(const ads_name entity, const ads_name set); // RTNORM for a member, else RTERROR
 int acedSSAdd(const ads_name entity, const ads_name set, ads_name result);
 int acedSSFree(ads_name set);
 int acedSSSetFirst(const ads_name grips, const ads_name pickFirst);
@@ -46,6 +47,6 @@ const ACHAR* acedGetAppName();
 // Colour index as red, green, blue in the low three bytes: 0x00BBGGRR.
 Adesk::UInt32 acedGetRGB(int colorIndex);
 int acedAlert(const ACHAR* text);
-// True once after the user asked to break off (Ctrl-C).
+// True when the user asked to break off (Ctrl-C, or a line @cancel-at N before the command).
 int acedUsrBrk();
 void acedUpdateDisplay();

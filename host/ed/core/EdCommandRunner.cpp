@@ -11,6 +11,10 @@
 
 #include <exception>
 
+namespace {
+constexpr const wchar_t* kCancelAt = L"@cancel-at";
+}
+
 EdCommandRunner& EdCommandRunner::instance() {
     static EdCommandRunner theRunner;
     return theRunner;
@@ -21,6 +25,7 @@ void EdCommandRunner::reset() {
     mQuit = mRunningQueued = false;
     EdInputStack::instance().setCancelled(false);
     EdInputStack::instance().setRefused(false);
+    EdInputStack::instance().breakAt(0);
 }
 void EdCommandRunner::refuse(const std::wstring& reason) {
     edFreshLine();
@@ -72,12 +77,9 @@ EdRunResult EdCommandRunner::runLine(const std::wstring& line) {
     if (word.empty() || word.front() == L';')
         return EdRunResult::kEnded;
     if (word.front() == L'@') {
-        std::optional<std::wstring> rest = EdInputStack::instance().takePending();
+        const std::optional<std::wstring> rest = EdInputStack::instance().takePending();
         const std::wstring whole = rest ? word + L" " + *rest : word;
-        const std::wstring reason = mDialogLines ? mDialogLines(whole) : L"no dialog is open";
-        if (!reason.empty())
-            refuse(L"\"" + whole + L"\": " + reason);
-        return reason.empty() ? EdRunResult::kEnded : EdRunResult::kFailed;
+        return edSameWord(word, kCancelAt) ? runCancelAt(whole) : runDialogLine(whole);
     }
     if (word.front() == L'(')
         return runForm(word);
@@ -85,6 +87,22 @@ EdRunResult EdCommandRunner::runLine(const std::wstring& line) {
     if (result == EdRunResult::kUnknown)
         refuse(L"Unknown command \"" + word + L"\".");
     return result;
+}
+
+EdRunResult EdCommandRunner::runDialogLine(const std::wstring& line) {
+    const std::wstring reason = mDialogLines ? mDialogLines(line) : L"no dialog is open";
+    if (!reason.empty())
+        refuse(L"\"" + line + L"\": " + reason);
+    return reason.empty() ? EdRunResult::kEnded : EdRunResult::kFailed;
+}
+EdRunResult EdCommandRunner::runCancelAt(const std::wstring& line) {
+    const auto count = edParseInt(edTrim(line.substr(std::wstring_view(kCancelAt).size())));
+    if (!count || *count < 1) {
+        refuse(L"\"" + line + L"\": the form is @cancel-at N, with N from 1");
+        return EdRunResult::kFailed;
+    }
+    EdInputStack::instance().breakAt(*count);
+    return EdRunResult::kEnded;
 }
 
 EdRunResult EdCommandRunner::runNamed(const std::wstring& typed) {
@@ -146,6 +164,9 @@ EdRunResult EdCommandRunner::runCommand(const AcEdCommand& command) {
     } else {
         EdEditor::instance().fireEnded(name);
     }
+    if (mDepth == 0)
+        if (const auto tests = stack.endBreakCount())
+            acutPrintf(L"The command was not broken off: it asked %d times.\n", *tests);
     if (EdDocument* const document = EdDocuments::instance().current(); document != nullptr && mDepth == 0 && (flags & kEdKeepsPickFirst) == 0)
         document->selection().pickFirst.removeAll();
     stack.setCancelled(wasCancelled);

@@ -41,13 +41,16 @@ public:
     // Forgets the state of an earlier run.
     void reset();
     // Takes "@" lines at the Command prompt for a window that is open beside it; answers a reason when
-    // the line cannot be taken.
+    // the line cannot be taken. The line "@cancel-at N" is the runner's own: the next command's N-th
+    // question whether the user asked to break off is answered with yes.
     void setDialogLineHandler(std::function<std::wstring(const std::wstring&)> handler) { mDialogLines = std::move(handler); }
     int depth() const { return mDepth; }
 
 private:
     EdRunResult runCommand(const AcEdCommand& command);
     EdRunResult runForm(const std::wstring& text);
+    EdRunResult runDialogLine(const std::wstring& line);
+    EdRunResult runCancelAt(const std::wstring& line);
     void refuse(const std::wstring& reason);
     std::deque<std::wstring> mExpressions, mTexts;
     std::function<std::wstring(const std::wstring&)> mDialogLines;

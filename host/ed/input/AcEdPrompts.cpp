@@ -100,8 +100,7 @@ int acedGetKword(const ACHAR* prompt, ACHAR* result, std::size_t bufferLength) {
     return status == RTKWORD ? copyText(gKeyword, result, bufferLength) : status;
 }
 int acedUsrBrk() {
-    EdInput* const input = edInput();
-    return input != nullptr && input->breakRequested() ? 1 : 0;
+    return EdInputStack::instance().breakRequested() ? 1 : 0;
 }
 int acedAlert(const ACHAR* text) {
     edFreshLine();

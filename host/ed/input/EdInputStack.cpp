@@ -76,6 +76,24 @@ void EdInputStack::dropPending() {
     mFrames.back().pending.reset();
     mFrames.back().ahead.clear();
 }
+void EdInputStack::breakAt(int count) {
+    mBreakAt = count;
+    mBreakTests = 0;
+}
+bool EdInputStack::breakRequested() {
+    if (mBreakAt > 0 && ++mBreakTests == mBreakAt) {
+        mBreakAt = 0;
+        return true;
+    }
+    EdInput* const input = top();
+    return input != nullptr && input->breakRequested();
+}
+std::optional<int> EdInputStack::endBreakCount() {
+    if (mBreakAt == 0)
+        return std::nullopt;
+    mBreakAt = 0;
+    return mBreakTests;
+}
 void EdInputStack::refuse(const std::wstring& reason) {
     mRefused = true;
     mCancelled = true;

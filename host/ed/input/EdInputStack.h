@@ -34,6 +34,13 @@ public:
     // Tells that what was answered cannot be taken. The run ends after the command unwinds.
     void refuse(const std::wstring& reason);
 
+    // Whether the user asked to break off, or the count of breakAt is reached; each call counts as a test.
+    bool breakRequested();
+    // The count-th test of the next command says that the user asked to break off.
+    void breakAt(int count);
+    // For the end of a command. The number of its tests where they did not reach the count of breakAt.
+    std::optional<int> endBreakCount();
+
     bool cancelled() const { return mCancelled; }
     void setCancelled(bool cancelled) { mCancelled = cancelled; }
     bool refused() const { return mRefused; }
@@ -48,6 +55,7 @@ private:
     std::optional<std::wstring> nextRaw(const std::wstring& prompt);
     std::deque<Frame> mFrames;
     bool mCancelled = false, mRefused = false;
+    int mBreakAt = 0, mBreakTests = 0; // 0: no count is waited for
 };
 
 // Ends the line on the command line unless it has just begun.

@@ -10,23 +10,35 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_set>
 
 namespace {
 constexpr std::intptr_t kSetMark = 0x5E7;
 constexpr short kTypeFilter = 5020; // the entity type of a filter may also be given by this number
-std::map<std::intptr_t, AcDbObjectIdArray> gSets;
+// The order in which the members came, and a quick answer to who is one: jobs ask it of every object.
+struct NamedSet {
+    AcDbObjectIdArray ids;
+    std::unordered_set<AcDbObjectId> members;
+    void add(AcDbObjectId id) {
+        if (!id.isNull() && members.insert(id).second)
+            ids.append(id);
+    }
+};
+std::map<std::intptr_t, NamedSet> gSets;
 std::intptr_t gNextSet = 0;
 
-AcDbObjectIdArray* setOf(const ads_name name) {
+NamedSet* setOf(const ads_name name) {
     if (name[1] != kSetMark)
         return nullptr;
     const auto found = gSets.find(name[0]);
     return found == gSets.end() ? nullptr : &found->second;
 }
-void nameSet(AcDbObjectIdArray ids, ads_name name) {
+void nameSet(const AcDbObjectIdArray& ids, ads_name name) {
     name[0] = ++gNextSet;
     name[1] = kSetMark;
-    gSets[name[0]] = std::move(ids);
+    NamedSet& set = gSets[name[0]];
+    for (const AcDbObjectId id : ids)
+        set.add(id);
 }
 
 bool acceptsItem(const AcDbEntity& entity, const resbuf& item) {
@@ -97,7 +109,7 @@ std::optional<AcDbObjectIdArray> edSetOfForm(const std::wstring& text) {
     const auto form = edParseForm(text);
     const auto number = form && form->head == L"SSET" && form->items.size() == 1 ? edParseInt(form->items[0]) : std::nullopt;
     const auto found = number ? gSets.find(*number) : gSets.end();
-    return found != gSets.end() ? std::optional<AcDbObjectIdArray>(found->second) : std::nullopt;
+    return found != gSets.end() ? std::optional<AcDbObjectIdArray>(found->second.ids) : std::nullopt;
 }
 
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point pick) {
@@ -129,36 +141,42 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
             taken.append(id);
     if (taken.isEmpty())
         return RTERROR;
-    nameSet(std::move(taken), set);
+    nameSet(taken, set);
     return RTNORM;
 }
 int acedSSLength(const ads_name set, Adesk::Int32* length) {
-    const AcDbObjectIdArray* const ids = setOf(set);
-    if (ids == nullptr || length == nullptr)
+    const NamedSet* const named = setOf(set);
+    if (named == nullptr || length == nullptr)
         return RTERROR;
-    *length = ids->length();
+    *length = named->ids.length();
     return RTNORM;
 }
 int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity) {
-    const AcDbObjectIdArray* const ids = setOf(set);
-    if (ids == nullptr || index < 0 || index >= ids->length())
+    const NamedSet* const named = setOf(set);
+    if (named == nullptr || index < 0 || index >= named->ids.length())
         return RTERROR;
-    return acdbGetAdsName(*reinterpret_cast<ads_name*>(entity), (*ids)[index]) == Acad::eOk ? RTNORM : RTERROR;
+    return acdbGetAdsName(*reinterpret_cast<ads_name*>(entity), named->ids[index]) == Acad::eOk ? RTNORM : RTERROR;
+}
+int acedSSMemb(const ads_name entity, const ads_name set) {
+    const NamedSet* const named = setOf(set);
+    AcDbObjectId id;
+    if (named == nullptr || entity == nullptr || acdbGetObjectId(id, entity) != Acad::eOk)
+        return RTERROR;
+    return named->members.contains(id) ? RTNORM : RTERROR;
 }
 int acedSSAdd(const ads_name entity, const ads_name set, ads_name result) {
     AcDbObjectId id;
     if (entity != nullptr && acdbGetObjectId(id, entity) != Acad::eOk)
         return RTERROR;
-    AcDbObjectIdArray* const ids = set != nullptr ? setOf(set) : nullptr;
-    if (ids == nullptr) {
+    NamedSet* const named = set != nullptr ? setOf(set) : nullptr;
+    if (named == nullptr) {
         AcDbObjectIdArray made;
         if (!id.isNull())
             made.append(id);
-        nameSet(std::move(made), result);
+        nameSet(made, result);
         return RTNORM;
     }
-    if (!id.isNull() && !ids->contains(id))
-        ids->append(id);
+    named->add(id);
     std::copy_n(set, 2, result);
     return RTNORM;
 }
@@ -169,8 +187,8 @@ int acedSSSetFirst(const ads_name, const ads_name pickFirst) {
     EdDocument* const document = EdDocuments::instance().current();
     if (document == nullptr)
         return RTERROR;
-    const AcDbObjectIdArray* const ids = pickFirst != nullptr ? setOf(pickFirst) : nullptr;
-    document->selection().pickFirst = ids != nullptr ? *ids : AcDbObjectIdArray();
+    const NamedSet* const named = pickFirst != nullptr ? setOf(pickFirst) : nullptr;
+    document->selection().pickFirst = named != nullptr ? named->ids : AcDbObjectIdArray();
     return RTNORM;
 }
 Acad::ErrorStatus acedGetCurrentSelectionSet(AcDbObjectIdArray& ids) {

@@ -169,6 +169,26 @@ TEST(AcEdSets, a_set_is_filtered_by_type_and_layer) {
     EXPECT_EQ(acedSSFree(set), RTNORM);
     EXPECT_EQ(acedSSLength(set, &length), RTERROR);
 }
+TEST(AcEdSets, a_set_knows_its_members) {
+    EdSession user;
+    user.type({L"POINT 0,0", L"POINT 1,1"});
+    ads_name first, second, set, nothing = {0, 0};
+    acdbGetAdsName(first, user.entities()[0]);
+    acdbGetAdsName(second, user.entities()[1]);
+    ASSERT_EQ(acedSSAdd(first, nullptr, set), RTNORM);
+    EXPECT_EQ(acedSSMemb(first, set), RTNORM);
+    EXPECT_EQ(acedSSMemb(second, set), RTERROR);
+    ASSERT_EQ(acedSSAdd(second, set, set), RTNORM);
+    ASSERT_EQ(acedSSAdd(second, set, set), RTNORM);
+    EXPECT_EQ(acedSSMemb(second, set), RTNORM);
+    Adesk::Int32 length = 0;
+    EXPECT_EQ(acedSSLength(set, &length), RTNORM);
+    EXPECT_EQ(length, 2) << "an object is a member once";
+    EXPECT_EQ(acedSSMemb(first, nothing), RTERROR) << "no set";
+    EXPECT_EQ(acedSSMemb(nothing, set), RTERROR) << "no object";
+    acedSSFree(set);
+    EXPECT_EQ(acedSSMemb(first, set), RTERROR) << "a freed set";
+}
 TEST(AcEdSets, ent_sel_gives_the_object_and_the_place) {
     EdSession user;
     user.type({L"LINE 0,0 10,0", L""});
