@@ -1,6 +1,7 @@
 // The application: message boxes, the profile, the module's resources, the message pump.
 #pragma once
 
+#include "AfxMessages.h"
 #include "CString.h"
 
 #include <cstddef>
@@ -18,8 +19,25 @@ int AfxMessageBox(LPCTSTR text, UINT type = MB_OK, UINT help = 0);
 int AfxMessageBox(UINT stringId, UINT type = MB_OK);
 int AfxMessageBoxOf(CWnd* owner, LPCTSTR text, LPCTSTR caption, UINT type);
 
-// Lets windows handle what waits for them: paints, clicks, posted messages, timers. A long job
-// on the main thread calls it so that its window lives.
+// ---- the message pump ------------------------------------------------------------------
+// A long job on the main thread takes the messages that wait and lets the windows have them, so that
+// its own window lives:
+//
+//   for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
+//       if (!window.IsDialogMessage(&message)) {
+//           TranslateMessage(&message);
+//           DispatchMessageW(&message);
+//       }
+//
+// Keys and the mouse come as messages; paints, timers and posted messages reach their windows while
+// PeekMessageW looks.
+constexpr UINT PM_NOREMOVE = 0, PM_REMOVE = 1;
+// FALSE where no input waits. Neither a window (null) nor a range of messages (0, 0) can be chosen.
+BOOL PeekMessageW(MSG* message, HWND window, UINT first, UINT last, UINT remove);
+BOOL TranslateMessage(const MSG* message); // FALSE: a key comes with its character already
+// Lets the window have what was removed; nothing for a message that is not dispatched before the next is taken.
+LRESULT DispatchMessageW(const MSG* message);
+// The whole pump, for a program with no window of its own to ask.
 void AfxPumpMessages();
 
 class CWinApp {

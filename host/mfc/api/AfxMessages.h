@@ -8,19 +8,21 @@ class CWnd;
 // ---- messages ------------------------------------------------------------------------
 constexpr UINT WM_NULL = 0x0000, WM_DESTROY = 0x0002, WM_SIZE = 0x0005, WM_SETFOCUS = 0x0007, WM_KILLFOCUS = 0x0008,
                WM_PAINT = 0x000F, WM_CLOSE = 0x0010, WM_SHOWWINDOW = 0x0018, WM_NEXTDLGCTL = 0x0028, WM_SETFONT = 0x0030,
-               WM_NOTIFY = 0x004E, WM_GETDLGCODE = 0x0087, WM_KEYDOWN = 0x0100, WM_CHAR = 0x0102, WM_INITDIALOG = 0x0110,
+               WM_NOTIFY = 0x004E, WM_GETDLGCODE = 0x0087, WM_KEYDOWN = 0x0100, WM_KEYUP = 0x0101, WM_CHAR = 0x0102, WM_INITDIALOG = 0x0110,
                WM_COMMAND = 0x0111, WM_TIMER = 0x0113, WM_CTLCOLOR = 0x0019, WM_MOUSEMOVE = 0x0200, WM_LBUTTONDOWN = 0x0201,
                WM_LBUTTONUP = 0x0202, WM_LBUTTONDBLCLK = 0x0203, WM_RBUTTONDOWN = 0x0204, WM_RBUTTONUP = 0x0205,
                WM_MOUSELEAVE = 0x02A3, WM_USER = 0x0400, WM_APP = 0x8000;
 constexpr UINT VK_BACK = 0x08, VK_TAB = 0x09, VK_RETURN = 0x0D, VK_ESCAPE = 0x1B, VK_END = 0x23, VK_HOME = 0x24, VK_LEFT = 0x25,
                VK_UP = 0x26, VK_RIGHT = 0x27, VK_DOWN = 0x28, VK_DELETE = 0x2E, VK_F1 = 0x70, VK_F2 = 0x71;
 
-// A key on its way to the focused window, as PreTranslateMessage sees it.
+// A key on its way to the focused window, as PreTranslateMessage sees it; or any input that waits, as
+// PeekMessageW gives it.
 struct MSG {
-    CWnd* pWnd = nullptr; // the focused window
-    UINT message = 0;     // WM_KEYDOWN or WM_CHAR
-    WPARAM wParam = 0;    // VK_... or the character
+    CWnd* pWnd = nullptr;     // the focused window, or the one under the mouse; null where it is none of the API's
+    UINT message = 0;         // WM_KEYDOWN or WM_CHAR; of input that waits also WM_KEYUP, the mouse's and WM_NULL for the rest
+    WPARAM wParam = 0;        // VK_... or the character
     LPARAM lParam = 0;
+    std::uint64_t serial = 0; // host use: which input that waits it stands for
 };
 
 // ---- notification codes of WM_COMMAND ------------------------------------------------
@@ -85,7 +87,7 @@ constexpr DWORD WS_POPUP = 0x80000000u, WS_CHILD = 0x40000000u, WS_VISIBLE = 0x1
                 WS_CAPTION = 0x00C00000u, WS_BORDER = 0x00800000u, WS_VSCROLL = 0x00200000u, WS_HSCROLL = 0x00100000u,
                 WS_SYSMENU = 0x00080000u, WS_THICKFRAME = 0x00040000u, WS_GROUP = 0x00020000u, WS_TABSTOP = 0x00010000u,
                 WS_MINIMIZEBOX = 0x00020000u, WS_MAXIMIZEBOX = 0x00010000u;
-constexpr DWORD SS_LEFT = 0, SS_CENTER = 1, SS_RIGHT = 2, SS_ICON = 3, SS_BLACKFRAME = 7, SS_ETCHEDHORZ = 0x10, SS_ETCHEDFRAME = 0x12,
+constexpr DWORD SS_LEFT = 0, SS_CENTER = 1, SS_RIGHT = 2, SS_ICON = 3, SS_WHITERECT = 6, SS_BLACKFRAME = 7, SS_ETCHEDHORZ = 0x10, SS_ETCHEDFRAME = 0x12,
                 SS_BITMAP = 0x0E, SS_NOPREFIX = 0x80, SS_NOTIFY = 0x100, SS_CENTERIMAGE = 0x200, SS_SUNKEN = 0x1000;
 constexpr DWORD BS_PUSHBUTTON = 0, BS_DEFPUSHBUTTON = 1, BS_CHECKBOX = 2, BS_AUTOCHECKBOX = 3, BS_RADIOBUTTON = 4, BS_GROUPBOX = 7,
                 BS_AUTORADIOBUTTON = 9, BS_BITMAP = 0x80;

@@ -40,6 +40,8 @@ public:
     // Sets text, image (of the sub item too), state or data, as the mask says.
     BOOL SetItem(const LVITEM* item);
     BOOL SetItem(int row, int subItem, UINT mask, LPCTSTR text, int image, UINT state, UINT stateMask, LPARAM data);
+    // Fills in image, state and data, as the mask says; a text is asked for with GetItemText.
+    BOOL GetItem(LVITEM* item) const;
     BOOL SetItemData(int row, DWORD_PTR data);
     DWORD_PTR GetItemData(int row) const;
     int FindItemText(LPCTSTR text) const; // the first row of that text, -1

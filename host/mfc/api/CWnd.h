@@ -91,6 +91,8 @@ public:
     // A key before the focused window sees it; TRUE swallows it. Asked of the focused window and
     // then of its parents.
     virtual BOOL PreTranslateMessage(MSG* message);
+    // Lets this window or a window in it have the message; FALSE where it is for neither.
+    BOOL IsDialogMessage(MSG* message);
     virtual void PreSubclassWindow() {} // the window has just been bound to this object
 
     // Default handlers; a class that maps a message calls its base's to let the control act.

@@ -68,7 +68,10 @@ QWidget* makeLabel(const RcControl& control, QWidget* parent) {
     const bool isText = kind <= SS_RIGHT || kind == 0x0C;
     label->setTextFormat(Qt::PlainText);
     label->setAlignment((isText ? alignment(control.style) : Qt::AlignCenter) | (isOneLine || !isText ? Qt::AlignVCenter : Qt::AlignTop));
-    if (kind == SS_ETCHEDHORZ)
+    if (kind == SS_WHITERECT) {
+        label->setAutoFillBackground(true);
+        label->setPalette(QPalette(Qt::white));
+    } else if (kind == SS_ETCHEDHORZ)
         label->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     else if (kind == SS_BLACKFRAME || kind == SS_ETCHEDFRAME)
         label->setFrameStyle(QFrame::Box | (kind == SS_BLACKFRAME ? QFrame::Plain : QFrame::Sunken));

@@ -14,6 +14,11 @@ template <class Widget> Widget* as(const AfxWindow& window) {
     return static_cast<Widget*>(window.widget.data());
 }
 
+// A button of pictures keeps its text as a name that is not shown.
+bool showsPicture(const AfxWindow& window) {
+    return (window.style & BS_BITMAP) != 0;
+}
+
 void setComboText(QComboBox& combo, const QString& text) {
     if (combo.isEditable())
         combo.setEditText(text);
@@ -43,7 +48,10 @@ void afxSetText(AfxWindow& window, const std::wstring& text) {
         return;
     case AfxKind::Push:
     case AfxKind::Check:
-    case AfxKind::Radio: as<QAbstractButton>(window)->setText(shown); return;
+    case AfxKind::Radio:
+        window.text = text;
+        as<QAbstractButton>(window)->setText(showsPicture(window) ? QString() : shown);
+        return;
     case AfxKind::Group: as<QGroupBox>(window)->setTitle(shown); return;
     case AfxKind::Edit: as<QLineEdit>(window)->setText(toQt(text)); return;
     case AfxKind::MultiEdit: as<QPlainTextEdit>(window)->setPlainText(shown); return;
@@ -63,7 +71,7 @@ std::wstring afxGetText(const AfxWindow& window) {
     case AfxKind::Dialog: return toWide(as<QWidget>(window)->windowTitle());
     case AfxKind::Push:
     case AfxKind::Check:
-    case AfxKind::Radio: return toWide(as<QAbstractButton>(window)->text());
+    case AfxKind::Radio: return showsPicture(window) ? window.text : toWide(as<QAbstractButton>(window)->text());
     case AfxKind::Group: return toWide(as<QGroupBox>(window)->title());
     case AfxKind::Edit: return toWide(as<QLineEdit>(window)->text());
     case AfxKind::MultiEdit: return toWide(as<QPlainTextEdit>(window)->toPlainText().replace(u'\n', QStringLiteral("\r\n")));

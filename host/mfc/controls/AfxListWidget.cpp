@@ -2,6 +2,7 @@
 
 #include "CListCtrl.h"
 #include "controls/AfxImages.h"
+#include "controls/AfxReportView.h"
 #include "core/AfxDispatch.h"
 #include "core/AfxWindow.h"
 
@@ -46,7 +47,7 @@ AfxListWidget::AfxListWidget(DWORD style, QWidget* parent) : QWidget(parent) {
 }
 
 void AfxListWidget::buildReport(DWORD style) {
-    auto* tree = new QTreeView(this);
+    auto* tree = new AfxReportView(this);
     tree->setRootIsDecorated(false);
     tree->setUniformRowHeights(true);
     tree->setItemsExpandable(false);
@@ -61,7 +62,7 @@ void AfxListWidget::buildReport(DWORD style) {
         if (AfxWindow* window = afxFind(this))
             AfxDispatch::notify(*window->owner, notice.hdr, LVN_COLUMNCLICK);
     });
-    mView = tree;
+    mView = mReport = tree;
 }
 
 void AfxListWidget::buildIcons() {
@@ -109,7 +110,13 @@ void AfxListWidget::refreshPictures() {
                 setPicture(*item, item->data(kImageRole).toInt());
 }
 
+void AfxListWidget::layOutNow() const {
+    if (mReport != nullptr)
+        mReport->layOutNow();
+}
+
 QRect AfxListWidget::cellRect(int row, int column) const {
+    layOutNow();
     const QRect inView = mView->visualRect(mModel.index(row, column));
     return QRect(mView->viewport()->mapTo(this, inView.topLeft()), inView.size());
 }
@@ -122,11 +129,23 @@ QRect AfxListWidget::rowRect(int row) const {
 }
 
 QModelIndex AfxListWidget::indexAt(QPoint client) const {
+    layOutNow();
     const QPoint inView = mView->viewport()->mapFrom(this, client);
     return mView->viewport()->rect().contains(inView) ? mView->indexAt(inView) : QModelIndex();
 }
 
+QModelIndex AfxListWidget::firstShown() const {
+    layOutNow();
+    return mView->indexAt(QPoint(2, 2));
+}
+
+void AfxListWidget::showRow(int row) {
+    layOutNow();
+    mView->scrollTo(mModel.index(row, 0));
+}
+
 void AfxListWidget::clickAt(int row, int column) {
+    layOutNow();
     mView->scrollTo(mModel.index(row, column));
     const QRect cell = mView->visualRect(mModel.index(row, column));
     const QPointF point = cell.center();

@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QStandardItemModel>
 
+class AfxReportView;
 class QItemSelection;
 
 class AfxListWidget : public QWidget {
@@ -22,6 +23,8 @@ public:
     QRect rowRect(int row) const;               // client coordinates
     QRect cellRect(int row, int column) const;
     QModelIndex indexAt(QPoint client) const;   // of the cell under the point
+    QModelIndex firstShown() const;             // in the upper left corner
+    void showRow(int row);                      // scrolls it into view
     void clickAt(int row, int column);          // a real click in the middle of the cell
 
     CImageList* imageList = nullptr;            // as the program gave it
@@ -41,9 +44,11 @@ private:
     void buildIcons();
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
     void tell(int row, UINT fresh, UINT old);
+    void layOutNow() const; // what the widget has put off
 
     QStandardItemModel mModel;
     QAbstractItemView* mView = nullptr;
+    AfxReportView* mReport = nullptr; // the same, null for pictures
     QWidget* mBorder = nullptr;
     bool mIsReport = false;
 };

@@ -180,6 +180,21 @@ BOOL CListCtrl::SetItem(int row, int subItem, UINT mask, LPCTSTR text, int image
     return SetItem(&item);
 }
 
+BOOL CListCtrl::GetItem(LVITEM* asked) const {
+    AfxListWidget* list = widgetOf(*this);
+    const bool isCell = list != nullptr && isRow(*this, asked->iItem) && asked->iSubItem >= 0 && asked->iSubItem < list->model().columnCount();
+    if (!isCell)
+        return FALSE;
+    const QStandardItem* item = list->model().item(asked->iItem, asked->iSubItem);
+    if ((asked->mask & LVIF_IMAGE) != 0)
+        asked->iImage = item != nullptr && item->data(AfxListWidget::kImageRole).isValid() ? item->data(AfxListWidget::kImageRole).toInt() : -1;
+    if ((asked->mask & LVIF_STATE) != 0)
+        asked->state = GetItemState(asked->iItem, asked->stateMask);
+    if ((asked->mask & LVIF_PARAM) != 0)
+        asked->lParam = static_cast<LPARAM>(GetItemData(asked->iItem));
+    return TRUE;
+}
+
 BOOL CListCtrl::SetItemData(int row, DWORD_PTR data) {
     AfxListWidget* list = widgetOf(*this);
     QStandardItem* item = list == nullptr ? nullptr : list->cell(row, 0);
@@ -270,13 +285,13 @@ BOOL CListCtrl::EnsureVisible(int row, BOOL) {
     AfxListWidget* list = widgetOf(*this);
     if (list == nullptr || !isRow(*this, row))
         return FALSE;
-    list->view().scrollTo(list->model().index(row, 0));
+    list->showRow(row);
     return TRUE;
 }
 
 int CListCtrl::GetTopIndex() const {
     AfxListWidget* list = widgetOf(*this);
-    const QModelIndex top = list == nullptr ? QModelIndex() : list->view().indexAt(QPoint(2, 2));
+    const QModelIndex top = list == nullptr ? QModelIndex() : list->firstShown();
     return top.isValid() ? top.row() : 0;
 }
 

@@ -1,6 +1,7 @@
 #include "core/AfxEventFilter.h"
 
 #include "core/AfxDispatch.h"
+#include "core/AfxInput.h"
 #include "core/AfxNotices.h"
 #include "core/QtText.h"
 
@@ -11,33 +12,6 @@
 #include <QResizeEvent>
 
 namespace {
-struct KeyCode {
-    int key;
-    UINT code;
-};
-const KeyCode kKeys[] = {{Qt::Key_Return, VK_RETURN}, {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE}, {Qt::Key_Tab, VK_TAB},
-                         {Qt::Key_Backspace, VK_BACK}, {Qt::Key_Delete, VK_DELETE}, {Qt::Key_Left, VK_LEFT}, {Qt::Key_Right, VK_RIGHT},
-                         {Qt::Key_Up, VK_UP}, {Qt::Key_Down, VK_DOWN}, {Qt::Key_Home, VK_HOME}, {Qt::Key_End, VK_END},
-                         {Qt::Key_F1, VK_F1}, {Qt::Key_F2, VK_F2}};
-
-UINT virtualKey(int key) {
-    for (const KeyCode& known : kKeys)
-        if (known.key == key)
-            return known.code;
-    return key >= Qt::Key_Space && key <= Qt::Key_Z ? static_cast<UINT>(key) : 0;
-}
-
-UINT mouseMessage(const QMouseEvent& event) {
-    const bool isLeft = event.button() == Qt::LeftButton;
-    if (event.type() == QEvent::MouseMove)
-        return WM_MOUSEMOVE;
-    if (event.type() == QEvent::MouseButtonDblClick)
-        return isLeft ? WM_LBUTTONDBLCLK : 0;
-    if (event.type() == QEvent::MouseButtonPress)
-        return isLeft ? WM_LBUTTONDOWN : WM_RBUTTONDOWN;
-    return isLeft ? WM_LBUTTONUP : WM_RBUTTONUP;
-}
-
 bool isMouse(QEvent::Type type) {
     return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick ||
            type == QEvent::MouseMove;
@@ -98,7 +72,7 @@ bool AfxEventFilter::mouse(AfxWindow& window, QObject* watched, QMouseEvent* eve
     if (!window.owner->IsWindowEnabled())
         return false;
     AfxMessage m;
-    m.message = mouseMessage(*event);
+    m.message = afxMouseMessage(*event);
     const auto* part = static_cast<QWidget*>(watched);
     m.point = fromQt(part->mapTo(window.widget, event->position().toPoint()));
     if (message(window, watched, event, m))
@@ -115,7 +89,7 @@ bool AfxEventFilter::mouse(AfxWindow& window, QObject* watched, QMouseEvent* eve
 bool AfxEventFilter::key(AfxWindow& window, QObject* watched, QKeyEvent* event) {
     if (QApplication::focusWidget() != watched) // it has been offered to the focused window before
         return false;
-    MSG msg{window.owner, WM_KEYDOWN, virtualKey(event->key()), 0};
+    MSG msg{window.owner, WM_KEYDOWN, afxVirtualKey(event->key()), 0};
     for (CWnd* at = window.owner; at != nullptr; at = at->GetParent()) {
         if (at->PreTranslateMessage(&msg) || afxFind(watched) == nullptr)
             return true;

@@ -16,6 +16,7 @@
 namespace {
 struct Made {
     std::vector<QWidget*> widgets;
+    std::vector<QWidget*> backdrops;
     QButtonGroup* group = nullptr;
     bool groupIsOpen = false;
 };
@@ -41,15 +42,21 @@ void addControl(CDialog& dialog, const RcControl& control, const AfxUnits& units
     dialog.window()->made.push_back(std::move(wrapper));
     joinGroup(window, widget, kind, control, made);
     made.widgets.push_back(widget);
+    if (kind == AfxKind::Static && (control.style & 0x1F) == SS_WHITERECT)
+        made.backdrops.push_back(widget);
 }
 
-// A frame lies behind what stands in it, and the mouse goes through.
-void lowerFrames(const std::vector<QWidget*>& widgets) {
-    for (QWidget* widget : widgets)
-        if (qobject_cast<QGroupBox*>(widget) != nullptr) {
-            widget->lower();
-            widget->setAttribute(Qt::WA_TransparentForMouseEvents);
-        }
+// A frame lies behind what stands in it, a filled rectangle behind all, and the mouse goes through.
+void lowerFrames(const Made& made) {
+    std::vector<QWidget*> lowered;
+    for (QWidget* widget : made.widgets)
+        if (qobject_cast<QGroupBox*>(widget) != nullptr)
+            lowered.push_back(widget);
+    lowered.insert(lowered.end(), made.backdrops.begin(), made.backdrops.end());
+    for (QWidget* widget : lowered) {
+        widget->lower();
+        widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
 }
 
 // A label with an access key leads to the control behind it.
@@ -97,7 +104,7 @@ void afxBuildDialog(CDialog& dialog, const RcDialog& source, CWnd* parent) {
     Made made;
     for (const RcControl& control : source.controls)
         addControl(dialog, control, units, made);
-    lowerFrames(made.widgets);
+    lowerFrames(made);
     bindLabels(dialog.window()->children);
     afxMakeTextsFit(*widget, made.widgets);
     for (std::size_t i = 1; i < made.widgets.size(); ++i)

@@ -38,8 +38,3 @@ void afxSettle() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
-
-void AfxPumpMessages() {
-    if (QApplication::instance() != nullptr)
-        QApplication::processEvents(QEventLoop::AllEvents, 50);
-}

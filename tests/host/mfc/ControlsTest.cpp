@@ -2,6 +2,8 @@
 #include "CStatic.h"
 #include "SampleDialog.h"
 
+#include <chrono>
+
 namespace {
 // Runs the check with the sample dialog open.
 struct Controls : testing::Test {
@@ -245,5 +247,63 @@ TEST_F(Controls, pictures_are_masked_and_shown_in_lists) {
         d.tree.GetItemImage(d.tree.GetRootItem(), image, selected);
         EXPECT_EQ(image, 0);
         EXPECT_EQ(selected, 1);
+    });
+}
+
+TEST_F(Controls, a_list_gives_back_pictures_states_and_data) {
+    with([](SampleDialog& d) {
+        d.list.SetItem(1, 1, LVIF_IMAGE, nullptr, 2, 0, 0, 0);
+        d.list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+        LVITEM item;
+        item.mask = LVIF_IMAGE | LVIF_STATE | LVIF_PARAM;
+        item.stateMask = LVIS_SELECTED;
+        item.iItem = 1;
+        item.iSubItem = 1;
+        ASSERT_TRUE(d.list.GetItem(&item));
+        EXPECT_EQ(item.iImage, 2);
+        EXPECT_EQ(item.state, LVIS_SELECTED);
+        EXPECT_EQ(item.lParam, 101);
+        item.iSubItem = 0;
+        ASSERT_TRUE(d.list.GetItem(&item));
+        EXPECT_EQ(item.iImage, -1) << "a cell without a picture";
+        item.iItem = 99;
+        EXPECT_FALSE(d.list.GetItem(&item));
+    });
+}
+
+TEST_F(Controls, rows_appended_while_the_window_lives_have_their_places_at_once) {
+    with([](SampleDialog& d) {
+        for (int i = 0; i < 300; ++i) {
+            d.list.InsertItem(d.list.GetItemCount(), L"sor");
+            AfxPumpMessages();
+        }
+        const int last = d.list.GetItemCount() - 1;
+        CRect row, client;
+        ASSERT_TRUE(d.list.EnsureVisible(last, FALSE));
+        ASSERT_TRUE(d.list.GetItemRect(last, row));
+        d.list.GetClientRect(client);
+        EXPECT_GT(row.Height(), 0);
+        EXPECT_LE(row.bottom, client.bottom);
+        EXPECT_GT(row.bottom, client.bottom - 3 * row.Height());
+        EXPECT_EQ(d.list.HitTest(row.CenterPoint()), last);
+        d.list.InsertItem(0, L"első");
+        AfxPumpMessages();
+        ASSERT_TRUE(d.list.EnsureVisible(0, FALSE));
+        EXPECT_EQ(d.list.GetTopIndex(), 0);
+    });
+}
+
+TEST_F(Controls, appending_many_rows_while_the_window_lives_stays_quick) {
+    with([](SampleDialog& d) {
+        const auto rowsInTime = [&d](int rows) {
+            const auto start = std::chrono::steady_clock::now();
+            for (int i = 0; i < rows; ++i) {
+                d.list.InsertItem(d.list.GetItemCount(), L"sor");
+                AfxPumpMessages();
+            }
+            return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        };
+        const double few = rowsInTime(1000), many = rowsInTime(4000);
+        EXPECT_LT(many, 20.0 * few + 1.0) << "four times the rows must not cost sixteen times and more";
     });
 }

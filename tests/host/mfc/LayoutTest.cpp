@@ -1,3 +1,4 @@
+#include "CBitmap.h"
 #include "CResizer.h"
 #include "CStatic.h"
 #include "SampleDialog.h"
@@ -100,4 +101,63 @@ TEST(Layout, a_picture_of_the_window_is_saved) {
     EXPECT_GT(status.length, 1000u);
     ASSERT_EQ(user.refusals.size(), 1u);
     EXPECT_EQ(user.refusals[0], L"@shot \"\\none\\x.png\": the picture cannot be saved");
+}
+
+namespace {
+const char* const kBackdrop = R"rc(
+500 DIALOGEX 0, 0, 120, 60
+STYLE DS_SETFONT | WS_POPUP | WS_CAPTION
+CAPTION "Fehér"
+FONT 8, "MS Shell Dlg"
+BEGIN
+    CONTROL         "", -1, "Static", SS_WHITERECT, 0, 0, 120, 40
+    GROUPBOX        "Keret", -1, 4, 2, 60, 30
+    CONTROL         "NEVE", 15, "Button", BS_PUSHBUTTON | BS_BITMAP | WS_TABSTOP, 70, 10, 40, 14
+END
+600 BITMAP
+BEGIN
+    "2 2 1 1"
+    "# c #FF0000"
+    "##"
+    "##"
+END
+)rc";
+} // namespace
+
+TEST(Layout, a_white_rectangle_lies_behind_every_control) {
+    useResources(kBackdrop);
+    const std::wstring file = testTempDir() + L"\\white.png";
+    DialogScript user({L"@shot \"" + file + L"\"", L"@click \"NEVE\"", L"@close"});
+    CDialog dialog(500u);
+    dialog.DoModal();
+    EXPECT_TRUE(user.refusals.empty());
+    CBitmap picture;
+    ASSERT_TRUE(picture.LoadFile(file.c_str()));
+    const CSize size = picture.GetSize();
+    const COLORREF white = RGB(255, 255, 255);
+    EXPECT_EQ(picture.GetPixel(1, 1), white);
+    EXPECT_EQ(picture.GetPixel(size.cx / 4, size.cy / 3), white) << "inside the frame";
+    EXPECT_NE(picture.GetPixel(1, size.cy - 2), white);
+    bool hasFrame = false;
+    for (int y = 2; y < size.cy / 2; ++y)
+        hasFrame = hasFrame || picture.GetPixel(size.cx / 4, y) != white;
+    EXPECT_TRUE(hasFrame) << "the frame is not hidden";
+}
+
+TEST(Layout, a_button_of_a_picture_keeps_its_text_as_a_name) {
+    useResources(kBackdrop);
+    DialogScript user({L"check", L"@close"});
+    CDialog dialog(500u);
+    user.look(L"check", [&] {
+        auto* button = static_cast<CButton*>(dialog.GetDlgItem(15));
+        CBitmap picture;
+        ASSERT_TRUE(picture.LoadBitmap(600u));
+        button->SetBitmap(&picture);
+        CString text;
+        button->GetWindowText(text);
+        EXPECT_STREQ(text, L"NEVE");
+        EXPECT_TRUE(static_cast<QAbstractButton*>(button->window()->widget.data())->text().isEmpty()) << "the name is not shown";
+        EXPECT_FALSE(static_cast<QAbstractButton*>(button->window()->widget.data())->icon().isNull());
+    });
+    dialog.DoModal();
 }
