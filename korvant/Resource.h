@@ -10,7 +10,11 @@
 #define IDD_EDIT_POST         211
 #define IDD_ERROR             220
 #define IDD_ABOUT             221
+#define IDD_TASK_PROGRESS     222
+#define IDD_CHECK_PROGRESS    224
+#define IDD_TASK_REPORT       317
 #define IDD_EDIT_BLOCK        341
+#define IDD_STATE_CHANGE      343
 
 // ---- controls that several dialogs share
 #define IDC_PATH_TREE         201
@@ -44,6 +48,41 @@
 // ---- about window (221)
 #define IDC_PRODUCT_NAME      252
 #define IDC_VERSION           253
+
+// ---- progress windows (222, 224, 317)
+#define IDC_TASK_LIST         270
+#define IDC_REPORT_LIST       271
+#define IDC_SAVE_REPORT       272
+#define IDC_SHOW_SELECTED     273
+#define IDC_PROGRESS_BAR      279
+#define IDC_PROGRESS_TEXT     280
+
+// ---- state change (343); the last digit of a box is the row of its transition
+#define IDC_SELECTION_ONLY    351
+#define IDC_ALL_OBJECTS       352
+#define IDC_CONFIRM_DELETE    353
+#define IDC_DELETE_UNASKED    354
+#define IDC_BUTT_ALL          355
+#define IDC_BUTT_NON          356
+#define IDC_POST_TO_EXISTING     361
+#define IDC_POST_TO_BE_REMOVED   362
+#define IDC_POST_DELETE          363
+#define IDC_SIGN_TO_EXISTING     371
+#define IDC_SIGN_TO_BE_REMOVED   372
+#define IDC_SIGN_DELETE          373
+#define IDC_SIGN_COVER           374
+#define IDC_SIGN_UNCOVER         375
+#define IDC_MARKING_TO_EXISTING     381
+#define IDC_MARKING_TO_BE_REMOVED   382
+#define IDC_MARKING_DELETE          383
+#define IDC_CROSSING_TO_EXISTING    391
+#define IDC_CROSSING_TO_BE_REMOVED  392
+#define IDC_CROSSING_DELETE         393
+
+// ---- pictures
+#define IDB_TASK_MARKS        281
+#define IDB_BUTT_ALL          355
+#define IDB_BUTT_NON          356
 
 // ---- cells that are edited in place (children of the list)
 #define IDC_IN_PLACE          299

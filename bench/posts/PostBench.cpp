@@ -1,17 +1,22 @@
 // Cost of settings and of ten thousand posts of four plates each: regenerate, switch the scale,
-// save, open. The symbols are drawn here, so that the program needs no library.
+// check the order, change the state, save, open. The symbols are drawn here, so that the program needs no library.
 #include "AcDbAnnotationScale.h"
 #include "AcDbBlockReference.h"
 #include "AcEdAds.h"
 #include "AcGiReceivers.h"
 #include "AcUtText.h"
+#include "AfxDialogDriver.h"
 #include "CTrfcSignsARXApp.h"
 #include "TrfcBlockLoader.h"
 #include "TrfcDocSettings.h"
 #include "TrfcDrawingUtils.h"
 #include "TrfcPost.h"
 #include "TrfcScaleTracking.h"
+#include "TrfcStartup.h"
+#include "TrfcStateChangeData.h"
 #include "TrfcTable.h"
+#include "applyStateChange.h"
+#include "checkSignOrder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -68,8 +73,9 @@ struct Library {
     Library() {
         std::string pattern = (std::filesystem::temp_directory_path() / "korvant-bench-XXXXXX").string();
         folder = mkdtemp(pattern.data());
-        for (const wchar_t* name : {L"post", L"a", L"b", L"c", L"d"})
+        for (const wchar_t* name : {L"post", L"$$post", L"a", L"b", L"c", L"d", L"TrfcTableEliminate"})
             saveSymbol(wide() + L"/" + name + L".dwg");
+        TrfcAppSettings::setAppString(APP_SYMBOL_BASE_PATH, wide());
         TrfcAppSettings::setAppString(APP_POSTS_BASE_PATH, wide());
         TrfcAppSettings::setAppString(APP_TABLES_BASE_PATH, wide());
         TrfcAppSettings::setDocDefault(DOC_POST_DEFAULT_DWG, L"post.dwg");
@@ -172,9 +178,67 @@ void openPosts(benchmark::State& state) {
     }
 }
 
+template <class Change> void changePosts(AcDbDatabase& database, const Change& change) {
+    AcDbObjectPointer<AcDbBlockTableRecord> space(database.modelSpaceId(), AcDb::kForRead);
+    for (const AcDbObjectId id : space->entityIds()) {
+        AcDbObjectPointer<TrfcPost> post(id, AcDb::kForWrite);
+        change(*post.object());
+    }
+}
+
+// The window, the walk and the box that says that nothing was found.
+void checkOrderOfPosts(benchmark::State& state) {
+    drawing();
+    for (auto _ : state)
+        checkSignOrder();
+}
+
+// Every post at fault: ten thousand rows in the report.
+void checkOrderOfFaultyPosts(benchmark::State& state) {
+    AcDbDatabase& database = drawing();
+    const auto swapLowest = [](TrfcPost& post) {
+        int index = 0;
+        post.signChain().moveUpBlock(0, &index);
+    };
+    changePosts(database, swapLowest);
+    for (auto _ : state) {
+        checkSignOrder();
+        state.PauseTiming();
+        AfxCancelAllDialogs();
+        state.ResumeTiming();
+    }
+    changePosts(database, swapLowest);
+}
+
+// Every post and every plate goes from existing to to be removed.
+void changeStateOfPosts(benchmark::State& state) {
+    AcDbDatabase& database = drawing();
+    auto data = std::make_unique<TrfcStateChangeData>();
+    data->postExistingToBeRemoved = data->signExistingToBeRemoved = true;
+    setStateChangeData(std::move(data));
+    for (auto _ : state) {
+        database.startUndoRecord();
+        applyStateChange();
+        state.PauseTiming();
+        changePosts(database, [&state](TrfcPost& post) {
+            const TrfcTypedBlock* const top = TrfcTypedBlock::cast(post.signChain().getAt(post.signChain().size() - 1));
+            if (post.postData().postType != kBlockToBeRemoved || top->blockType() != kBlockToBeRemoved)
+                state.SkipWithError("a post or its plate kept its state");
+            post.setPostType(kBlockExisting);
+            for (int i = 0; i < post.signChain().size(); ++i)
+                post.signChain().setBlockType(i, kBlockExisting);
+        });
+        state.ResumeTiming();
+    }
+    setStateChangeData(std::make_unique<TrfcStateChangeData>());
+}
+
 BENCHMARK(settingRead);
 BENCHMARK(regeneratePosts)->Unit(benchmark::kMillisecond);
 BENCHMARK(switchScaleOfPosts)->Unit(benchmark::kMillisecond);
+BENCHMARK(checkOrderOfPosts)->Unit(benchmark::kMillisecond);
+BENCHMARK(checkOrderOfFaultyPosts)->Unit(benchmark::kMillisecond);
+BENCHMARK(changeStateOfPosts)->Unit(benchmark::kMillisecond);
 BENCHMARK(savePosts)->Unit(benchmark::kMillisecond);
 BENCHMARK(openPosts)->Unit(benchmark::kMillisecond);
 
@@ -186,6 +250,8 @@ int main(int argc, char** argv) {
     for (AcRxClassRow row : trfcClassRows())
         row.rxInit();
     acrxBuildClassHierarchy();
+    AfxInitToolkit(true);
+    registerModuleResources();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

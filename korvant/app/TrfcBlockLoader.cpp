@@ -15,7 +15,6 @@
 namespace {
 
 constexpr const ACHAR* kNotFoundFile = L"TrfcBlockNotFound.dwg";
-constexpr const ACHAR* kReportType = L"$$$"; // a report row that belongs to no object
 constexpr const ACHAR* kBuiltInFiles[] = {
     L"TrfcBlockSelect.dwg",         L"TrfcTableEliminate.dwg",  L"TrfcTableCovered.dwg", L"TrfcPostBaseExisting.dwg",
     L"TrfcPostBasePlanned.dwg",     L"TrfcPostBaseEliminate.dwg", L"TrfcPostBaseAlien.dwg",
@@ -124,7 +123,7 @@ S_BLOCK_DESCRIPTOR loadBlockTemplate(const std::wstring& folder, const std::wstr
         return descriptor;
     const auto tellOfLoss = [&] {
         if (missing && report != nullptr)
-            report->addReport(kReportType, L"Blokk definíció nem található", file);
+            report->addReport(kReportWithoutObject, L"Blokk definíció nem található", file);
     };
     if (takeStoredTemplate(*templates, descriptor)) {
         tellOfLoss();

@@ -18,6 +18,8 @@ struct S_BLOCK_DESCRIPTOR {
 // A text that lives as long as the process; equal texts share one copy.
 const ACHAR* internText(const std::wstring& text);
 
+// The type of a report line that belongs to no object; its id is a name and no handle.
+inline constexpr const ACHAR* kReportWithoutObject = L"$$$";
 // Receives the report lines of a long job; implemented by its progress window.
 class TrfcTaskReport {
 public:

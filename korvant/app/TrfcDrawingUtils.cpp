@@ -5,6 +5,8 @@
 #include "AcUtText.h"
 #include "AfxApp.h"
 
+#include <memory>
+
 namespace {
 
 AcDbDatabase* workingDatabase() {
@@ -45,6 +47,28 @@ Acad::ErrorStatus openBlockRecord(AcDbDatabase* database, const ACHAR* name, AcD
     es = table->getAt(name, record, mode);
     table->close();
     return es;
+}
+
+Acad::ErrorStatus walkModelSpace(AcDb::OpenMode mode, const std::function<bool(AcDbEntity&)>& visit) {
+    if (workingDatabase() == nullptr)
+        return Acad::eNoDatabase;
+    AcDbBlockTableRecord* space = nullptr;
+    const Acad::ErrorStatus es = openBlockRecord(workingDatabase(), ACDB_MODEL_SPACE, space, AcDb::kForRead);
+    if (es != Acad::eOk)
+        return es;
+    AcDbBlockTableRecordIterator* walk = nullptr;
+    if (space->newIterator(walk) == Acad::eOk) {
+        const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(walk);
+        for (bool goesOn = true; goesOn && !iterator->done(); iterator->step()) {
+            AcDbEntity* entity = nullptr;
+            if (iterator->getEntity(entity, mode) != Acad::eOk)
+                continue;
+            goesOn = visit(*entity);
+            entity->close();
+        }
+    }
+    space->close();
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus addToModelSpace(AcDbEntity* entity, AcDbObjectId& id) {

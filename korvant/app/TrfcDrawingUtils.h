@@ -4,10 +4,15 @@
 #include "AcDbBlockReference.h"
 #include "AcDbDatabase.h"
 
+#include <functional>
 #include <string>
 
 // The record is open in the given mode; the caller closes it.
 Acad::ErrorStatus openBlockRecord(AcDbDatabase* database, const ACHAR* name, AcDbBlockTableRecord*& record, AcDb::OpenMode mode);
+// Shows the entities of the working database's model space one by one, each open in that mode and
+// closed afterwards; one that cannot be opened is passed by. The visitor ends the walk with false.
+// Model space stays open for read meanwhile; eNoDatabase or the status of its opening.
+Acad::ErrorStatus walkModelSpace(AcDb::OpenMode mode, const std::function<bool(AcDbEntity&)>& visit);
 // Adds to model space of the working database; the entity is closed. Failure goes through reportError.
 Acad::ErrorStatus addToModelSpace(AcDbEntity* entity, AcDbObjectId& id);
 // Loads a missing line type from ACADISO.LIN (metric drawings) or ACAD.LIN.

@@ -12,6 +12,7 @@
 #include "TrfcPost.h"
 #include "TrfcScaleTracking.h"
 #include "TrfcStartup.h"
+#include "TrfcStateChangeData.h"
 #include "TrfcTable.h"
 
 #include <iterator>
@@ -44,6 +45,7 @@ AcRxTables CTrfcSignsARXApp::tables() const {
 AcRx::AppRetCode CTrfcSignsARXApp::On_kInitAppMsg(void* packet) {
     acrxBuildClassHierarchy();
     registerModuleResources();
+    setStateChangeData(std::make_unique<TrfcStateChangeData>()); // a module that is loaded again finds no earlier ticks
     TrfcAppSettings::setModuleDirectory(acedGetAppName());
     if (!loadSettingsAtStart() || !loadDefaultsAtStart())
         return AcRx::kRetError;

@@ -6,6 +6,7 @@
 #include "AcEdAds.h"
 #include "AcUtText.h"
 #include "CTrfcAboutDlg.h"
+#include "CTrfcStateChangeDlg.h"
 #include "TrfcAppSettings.h"
 #include "showHelpTopic.h"
 #include "TrfcBlockJig.h"
@@ -13,6 +14,8 @@
 #include "TrfcPostDialogs.h"
 #include "TrfcPostJig.h"
 #include "TrfcScaleTracking.h"
+#include "applyStateChange.h"
+#include "checkSignOrder.h"
 
 #include <array>
 #include <iterator>
@@ -125,11 +128,12 @@ void exportXml() {
 }
 void changeState() {
     beginTrusted();
-    printNotBuilt(L"KVST");
+    if (CTrfcStateChangeDlg().DoModal() == IDOK)
+        applyStateChange();
 }
 void checkSigns() {
     beginTracking();
-    printNotBuilt(L"KVELL");
+    checkSignOrder();
 }
 void placeMarking() {
     beginTrusted();

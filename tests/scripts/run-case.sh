@@ -17,7 +17,7 @@ mkdir -p data
 actual=$?
 # Folders differ from run to run and from machine to machine, and so do the two kinds of slash. Handles
 # follow from what a new drawing holds, which is no promise.
-sed -E -e "s|\\\\|/|g" -e "s|$folder|FOLDER|g" -e "s|$(dirname "$(dirname "$console")")|BUILD|g" -e 's/(handle|PointerId|OwnershipId) [0-9A-F]+/\1 HANDLE/' -e 's/^([A-Z]+) [0-9A-F]+$/\1 HANDLE/' printed >normal
+sed -E -e "s|\\\\|/|g" -e "s|$folder|FOLDER|g" -e "s|$(dirname "$(dirname "$console")")|BUILD|g" -e 's/(handle|PointerId|OwnershipId) [0-9A-F]+/\1 HANDLE/' -e 's/^([A-Z]+|Korvant .*) [0-9A-F]+$/\1 HANDLE/' printed >normal
 expected="${case%.scr}.expected"
 if [ "$accept" = --accept ]; then
   cp normal "$expected"
