@@ -5,6 +5,7 @@
 #include "store/StoreTable.h"
 
 #include <string>
+#include <string_view>
 
 namespace odbc {
 
@@ -17,5 +18,7 @@ namespace odbc {
 void readBiff(const std::string& path, TableSink& sink);
 // The same of a workbook in memory; `name` stands for it in messages.
 void readBiffBytes(std::string_view bytes, const std::string& name, TableSink& sink);
+// The same of the stream alone, without the container around it.
+void readBiffStream(std::string_view stream, const std::string& name, TableSink& sink);
 
 } // namespace odbc

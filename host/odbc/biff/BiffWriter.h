@@ -1,7 +1,8 @@
 // Writes tables as a workbook (BIFF8): one sheet a table, the column names in row one, frozen. Text
 // goes through the shared string table, numbers are numbers to their last bit, yes/no cells are
 // logical values, dates are numbers in a date format (days since 1899-12-30, so a spreadsheet shows
-// dates before 1 March 1900 a day late), currency and decimals are numbers, an empty cell is absent.
+// dates before 1 March 1900 a day late), currency and decimals are numbers. Null is an empty cell, and so is an
+// empty text, since a spreadsheet does not tell them apart.
 //
 // What a sheet cannot hold is a StoreError, thrown by the call that brings it: a name that is
 // empty, longer than 31 characters, taken (cases are not told apart), with one of \ / ? * [ ] : or an
