@@ -53,7 +53,7 @@ public:
 bool isWellFormed(const std::string& bytes) {
     xmlDoc* const document = xmlReadMemory(bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr, XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_NONET);
     const xmlError* const error = xmlGetLastError(); // faults of namespaces still give a document
-    const bool sound = document != nullptr && (error == nullptr || error->level < XML_ERR_ERROR);
+    const bool sound = document != nullptr && (error == nullptr || error->level < XML_ERR_ERROR || error->code == XML_WAR_NS_URI);
     xmlResetLastError();
     xmlFreeDoc(document);
     return sound;
