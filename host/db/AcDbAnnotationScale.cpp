@@ -6,7 +6,6 @@
 #include "DbScaleList.h"
 
 #include <algorithm>
-#include <cmath>
 
 HOST_RX_DEFINE_ABSTRACT(AcDbObjectContext, AcRxObject)
 HOST_RX_DEFINE(AcDbAnnotationScale, AcDbObjectContext, nullptr)
@@ -32,7 +31,7 @@ Acad::ErrorStatus AcDbAnnotationScale::getPaperUnits(double& units) const {
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbAnnotationScale::setPaperUnits(double units) {
-    if (!(units > 0.0) || !std::isfinite(units))
+    if (!(units > 0.0))
         return Acad::eInvalidInput;
     mPaper = units;
     return Acad::eOk;
@@ -42,7 +41,7 @@ Acad::ErrorStatus AcDbAnnotationScale::getDrawingUnits(double& units) const {
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbAnnotationScale::setDrawingUnits(double units) {
-    if (!(units > 0.0) || !std::isfinite(units))
+    if (!(units > 0.0))
         return Acad::eInvalidInput;
     mDrawing = units;
     return Acad::eOk;

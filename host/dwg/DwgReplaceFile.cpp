@@ -1,6 +1,8 @@
 // Putting a new file in the place of an old one.
 #include "DwgWriter.h"
 
+#include "AcPath.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -24,14 +26,6 @@ std::string backupOf(const std::string& path) {
     const std::string ending = path.substr(dot);
     const bool drawing = ending.size() == 4 && ending[0] == '.' && (ending[1] | 0x20) == 'd' && (ending[2] | 0x20) == 'w' && (ending[3] | 0x20) == 'g';
     return (drawing ? path.substr(0, dot) : path) + ".bak";
-}
-void syncFolder(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    const int folder = ::open(slash == std::string::npos ? "." : path.substr(0, slash + 1).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return; // the file itself is safe; only its name may come late to the disk
-    ::fsync(folder);
-    ::close(folder);
 }
 } // namespace
 
@@ -59,6 +53,6 @@ bool dwgReplaceFile(const std::string& path, const std::vector<Adesk::UInt8>& by
         ::unlink(fresh.c_str());
         return error.set(Acad::eFileAccessErr, L"The drawing cannot be saved: the file cannot be replaced.");
     }
-    syncFolder(path);
+    acSyncFolderOf(path);
     return true;
 }

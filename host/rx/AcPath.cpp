@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <dirent.h>
+#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 bool exists(const std::string& path) {
@@ -57,4 +59,14 @@ std::wstring acHostPath(std::string_view fileSystemPath) {
     std::wstring path = acFromUtf8(fileSystemPath);
     std::replace(path.begin(), path.end(), L'/', L'\\');
     return path;
+}
+
+void acSyncFolderOf(const std::string& fileSystemPath) {
+    const std::size_t slash = fileSystemPath.rfind('/');
+    const std::string name = slash == std::string::npos ? "." : fileSystemPath.substr(0, slash + 1);
+    const int folder = ::open(name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    ::fsync(folder);
+    ::close(folder);
 }

@@ -1,5 +1,7 @@
 #include "StoreText.h"
 
+#include "AcUtText.h"
+
 #include <cstdint>
 
 namespace odbc {
@@ -24,6 +26,22 @@ std::int32_t decode(std::string_view text, std::size_t& at) {
         return -1;
     at += static_cast<std::size_t>(extra) + 1;
     return code;
+}
+
+void append(std::uint32_t code, std::string& out) {
+    const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((code >> shift) & 0x3F)); };
+    if (code < 0x80) {
+        out += static_cast<char>(code);
+    } else if (code < 0x800) {
+        out += static_cast<char>(0xC0 | (code >> 6));
+        tail(0);
+    } else if (code < 0x10000) {
+        out += static_cast<char>(0xE0 | (code >> 12));
+        tail(6), tail(0);
+    } else {
+        out += static_cast<char>(0xF0 | (code >> 18));
+        tail(12), tail(6), tail(0);
+    }
 }
 } // namespace
 
@@ -52,23 +70,28 @@ void appendUtf8(std::u16string_view utf16, std::string& out) {
             code = 0x10000 + ((code & 0x3FF) << 10) + (utf16[++i] & 0x3FFu);
         else if ((code & 0xF800) == 0xD800)
             code = 0xFFFD;
-        if (code < 0x80) {
-            out += static_cast<char>(code);
-            continue;
-        }
-        if (code < 0x800) {
-            out += static_cast<char>(0xC0 | (code >> 6));
-        } else {
-            if (code < 0x10000) {
-                out += static_cast<char>(0xE0 | (code >> 12));
-            } else {
-                out += static_cast<char>(0xF0 | (code >> 18));
-                out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-            }
-            out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        }
-        out += static_cast<char>(0x80 | (code & 0x3F));
+        append(code, out);
     }
+}
+
+bool appendUtf8(std::wstring_view wide, std::string& out) {
+    const std::size_t before = out.size();
+    for (const wchar_t c : wide) {
+        const auto code = static_cast<std::uint32_t>(c);
+        if (code > 0x10FFFF || (code & 0xFFFFF800) == 0xD800) {
+            out.resize(before);
+            return false;
+        }
+        append(code, out);
+    }
+    return true;
+}
+
+std::string foldedName(std::string_view utf8) {
+    std::wstring wide = acFromUtf8(utf8);
+    for (wchar_t& c : wide)
+        c = acFoldCase(c);
+    return acToUtf8(wide);
 }
 
 } // namespace odbc

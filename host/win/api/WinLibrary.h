@@ -8,7 +8,7 @@
 #include <vector>
 
 using HMODULE = void*;
-using FARPROC = INT_PTR (*)(); // cast to the function's own type before it is called
+using FARPROC = void (*)(); // cast to the function's own type before it is called
 
 constexpr DWORD ERROR_MOD_NOT_FOUND = 126;
 constexpr DWORD ERROR_PROC_NOT_FOUND = 127;

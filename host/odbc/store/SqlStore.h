@@ -1,0 +1,86 @@
+// A built-in database while it is open: its tables in SQLite, in memory, and the statements on them.
+#pragma once
+
+#include "sql/SqlTranslator.h"
+#include "store/Catalogue.h"
+#include "store/ResultSet.h"
+
+#include <memory>
+#include <unordered_map>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace odbc {
+
+// What a kind of file holds and lets be done.
+struct StoreRules {
+    bool insertOnly;        // CREATE TABLE and INSERT are the only statements
+    std::int64_t mostRows;  // of a table; 0: no bound
+    std::size_t mostColumns;
+    std::size_t mostName;   // UTF-16 units of a table's name
+    const char* forbidden;  // characters that a table's name cannot have
+    bool bytes;             // whether a column can hold bytes
+};
+extern const StoreRules kDatabaseRules; // Access
+extern const StoreRules kWorkbookRules; // one sheet a table, row one holds the column names
+
+// As a TableSink it takes the tables of the file that is opened; they count as unchanged.
+class SqlStore : public TableSink {
+public:
+    explicit SqlStore(const StoreRules& rules);
+    ~SqlStore() override;
+    SqlStore(const SqlStore&) = delete;
+    SqlStore& operator=(const SqlStore&) = delete;
+
+    void beginTable(const StoreTable& table) override;
+    void row(std::span<const StoreCell> cells) override;
+    void endTable() override;
+
+    // A statement that fails changes nothing. readOnly: one that would change anything is a StoreError.
+    void execute(std::wstring_view sql, bool readOnly = false);
+    ResultSet query(std::wstring_view sql); // StoreError for anything but a SELECT
+    bool changed() const { return mChanged; }
+    // Every table with its rows, in the order of their making.
+    void writeTo(TableSink& sink) const;
+
+private:
+    struct Closer {
+        void operator()(sqlite3* database) const;
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    using Handle = std::unique_ptr<sqlite3_stmt, Closer>;
+    struct Prepared {
+        SqlStatement statement;
+        CatalogueTable* table = nullptr;
+        Handle handle;
+    };
+
+    Prepared& prepared(std::wstring_view sql);
+    Handle prepare(const std::string& sql) const;
+    void run(const std::string& sql) const;
+    [[noreturn]] void fail() const;
+    void create(const StoreTable& table);
+    CatalogueTable& makeTable(const StoreTable& table);
+    void drop(const std::string& key);
+    void indexLookup(Prepared& prepared);
+    void bindLiterals(Prepared& prepared);
+    void change(Prepared& prepared);
+    void stepAll(sqlite3_stmt* handle) const;
+
+    const StoreRules& mRules;
+    std::unique_ptr<sqlite3, Closer> mDatabase;
+    Catalogue mCatalogue;
+    bool mChanged = false;
+    // Statements by their shape: those that differ in nothing but literals are prepared once. They
+    // name columns by place, so the first change of a table's columns empties the map.
+    std::unordered_map<std::string, Prepared> mPrepared;
+    Prepared mUnkept; // CREATE and DROP
+    std::vector<SqlToken> mTokens; // of the statement at work, here so that their memory is used again
+    std::string mShape;
+    std::string mTexts;
+    CatalogueTable* mLoading = nullptr;
+    Handle mLoad;
+};
+
+} // namespace odbc
