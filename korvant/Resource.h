@@ -15,6 +15,8 @@
 #define IDD_TASK_REPORT       317
 #define IDD_EDIT_BLOCK        341
 #define IDD_STATE_CHANGE      343
+#define IDD_SCALE_COMPARISON  364
+#define IDD_EDIT_SCALE        366
 
 // ---- controls that several dialogs share
 #define IDC_PATH_TREE         201
@@ -41,6 +43,14 @@
 
 // ---- post page (211)
 #define IDC_FOLLOW_ROTATION   240
+
+// ---- scale windows (364, 366)
+#define IDC_SCALE_LIST        410
+#define IDC_SCALE_NAME        411
+#define IDC_SCALE_PAPER       412
+#define IDC_SCALE_DRAWING     413
+#define IDB_SCALE_ACTIVE      414
+#define IDB_SCALE_INACTIVE    415
 
 // ---- error window (220)
 #define IDC_ERROR_TEXT        250

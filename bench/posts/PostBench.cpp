@@ -128,15 +128,19 @@ void settingRead(benchmark::State& state) {
         benchmark::DoNotOptimize(TrfcDocSettings::getDocDouble(DOC_ANNO_HEIGHT));
 }
 
+void addPosts(GiDisplayListBuilder& builder, const AcDbDatabase& database) {
+    AcDbObjectPointer<AcDbBlockTableRecord> space(database.modelSpaceId(), AcDb::kForRead);
+    for (const AcDbObjectId id : space->entityIds()) {
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        builder.add(*entity.object(), entity->startTraits());
+    }
+}
+
 void regeneratePosts(benchmark::State& state) {
     AcDbDatabase& database = drawing();
     for (auto _ : state) {
         GiDisplayListBuilder builder;
-        AcDbObjectPointer<AcDbBlockTableRecord> space(database.modelSpaceId(), AcDb::kForRead);
-        for (const AcDbObjectId id : space->entityIds()) {
-            AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-            builder.add(*entity.object(), entity->startTraits());
-        }
+        addPosts(builder, database);
         benchmark::DoNotOptimize(builder.list().primitives.size());
     }
 }
@@ -154,6 +158,41 @@ void switchScaleOfPosts(benchmark::State& state) {
     }
     scale.setDrawingUnits(0.5);
     switchScale(scale);
+}
+
+// What a user waits for: the posts change, and the picture of the drawing is made anew.
+void changeScaleAndRegenerate(benchmark::State& state) {
+    AcDbDatabase& database = drawing();
+    AcDbAnnotationScale scale;
+    scale.setPaperUnits(1.0);
+    bool to200 = true;
+    for (auto _ : state) {
+        scale.setDrawingUnits(to200 ? 0.2 : 0.5);
+        to200 = !to200;
+        database.startUndoRecord();
+        switchScale(scale);
+        GiDisplayListBuilder builder;
+        addPosts(builder, database);
+        benchmark::DoNotOptimize(builder.list().primitives.size());
+    }
+    scale.setDrawingUnits(0.5);
+    switchScale(scale);
+}
+
+// A change of scale and its undo: the drawing is as it was after each round.
+void undoScaleChange(benchmark::State& state) {
+    AcDbDatabase& database = drawing();
+    AcDbAnnotationScale scale;
+    scale.setPaperUnits(1.0);
+    scale.setDrawingUnits(0.2);
+    for (auto _ : state) {
+        state.PauseTiming();
+        database.startUndoRecord();
+        switchScale(scale);
+        state.ResumeTiming();
+        if (!database.undo())
+            state.SkipWithError("nothing to undo");
+    }
 }
 
 void savePosts(benchmark::State& state) {
@@ -239,6 +278,8 @@ BENCHMARK(switchScaleOfPosts)->Unit(benchmark::kMillisecond);
 BENCHMARK(checkOrderOfPosts)->Unit(benchmark::kMillisecond);
 BENCHMARK(checkOrderOfFaultyPosts)->Unit(benchmark::kMillisecond);
 BENCHMARK(changeStateOfPosts)->Unit(benchmark::kMillisecond);
+BENCHMARK(changeScaleAndRegenerate)->Unit(benchmark::kMillisecond);
+BENCHMARK(undoScaleChange)->Unit(benchmark::kMillisecond);
 BENCHMARK(savePosts)->Unit(benchmark::kMillisecond);
 BENCHMARK(openPosts)->Unit(benchmark::kMillisecond);
 

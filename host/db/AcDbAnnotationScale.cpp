@@ -6,6 +6,7 @@
 #include "DbScaleList.h"
 
 #include <algorithm>
+#include <cmath>
 
 HOST_RX_DEFINE_ABSTRACT(AcDbObjectContext, AcRxObject)
 HOST_RX_DEFINE(AcDbAnnotationScale, AcDbObjectContext, nullptr)
@@ -31,7 +32,7 @@ Acad::ErrorStatus AcDbAnnotationScale::getPaperUnits(double& units) const {
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbAnnotationScale::setPaperUnits(double units) {
-    if (!(units > 0.0))
+    if (!(units > 0.0) || !std::isfinite(units))
         return Acad::eInvalidInput;
     mPaper = units;
     return Acad::eOk;
@@ -41,7 +42,7 @@ Acad::ErrorStatus AcDbAnnotationScale::getDrawingUnits(double& units) const {
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbAnnotationScale::setDrawingUnits(double units) {
-    if (!(units > 0.0))
+    if (!(units > 0.0) || !std::isfinite(units))
         return Acad::eInvalidInput;
     mDrawing = units;
     return Acad::eOk;

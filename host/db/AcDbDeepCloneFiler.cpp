@@ -42,6 +42,14 @@ void AcDbDeepCloneFiler::grow(std::size_t needed) {
     mBytes = static_cast<Adesk::UInt8*>(bytes);
     mCapacity = capacity;
 }
+void AcDbDeepCloneFiler::releaseSpare() {
+    if (mSize == 0 || mSize == mCapacity)
+        return;
+    if (void* const bytes = std::realloc(mBytes, mSize)) {
+        mBytes = static_cast<Adesk::UInt8*>(bytes);
+        mCapacity = mSize;
+    }
+}
 // Room for a tag and its payload; null when an error stands.
 inline Adesk::UInt8* AcDbDeepCloneFiler::beginWrite(Adesk::UInt8 tag, std::size_t payload) {
     if (mStatus != Acad::eOk)

@@ -2,7 +2,12 @@
 
 #include "DbObjectAccess.h"
 
+#include "AcDbStyles.h"
 #include "AcUtText.h"
+
+std::unique_ptr<GiStyleResolver> acdbNewStyleResolver(const AcDbDatabase& drawing) {
+    return std::make_unique<DbStyleResolver>(drawing);
+}
 
 const AcDbLayerTableRecord* DbStyleResolver::layerOf(AcDbObjectId layer) const {
     const AcDbLayerTableRecord* const record = AcDbLayerTableRecord::cast(DbObjectAccess::peek(layer));

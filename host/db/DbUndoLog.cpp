@@ -20,9 +20,26 @@ void DbUndoLog::clear() {
 void DbUndoLog::startGroup() {
     if (!mEnabled)
         return;
-    if (mGroups.empty() || !mGroups.back()->isEmpty())
+    if (mGroups.empty() || !mGroups.back()->isEmpty()) {
+        if (!mGroups.empty())
+            mGroups.back()->releaseSpare();
+        dropOldest();
         mGroups.push_back(std::make_unique<Group>());
+    }
     renewTick();
+}
+void DbUndoLog::setLimit(std::size_t bytes) {
+    mLimit = bytes;
+    dropOldest();
+}
+void DbUndoLog::dropOldest() {
+    std::size_t size = byteSize();
+    std::size_t dropped = 0, end = mGroups.size();
+    while (end > 0 && mGroups[end - 1]->isEmpty())
+        --end;
+    while (size > mLimit && dropped + 1 < end)
+        size -= mGroups[dropped++]->byteSize();
+    mGroups.erase(mGroups.begin(), mGroups.begin() + static_cast<std::ptrdiff_t>(dropped));
 }
 
 DbUndoLog::Group* DbUndoLog::recording() {
@@ -45,8 +62,11 @@ void DbUndoLog::file(Group& group, AcDbObject& object, bool withState) {
     if (!withState)
         return;
     constexpr std::size_t kEnough = 1 << 20; // a longer stream costs more to grow than to begin anew
-    if (group.streams.empty() || group.streams.back()->byteSize() > kEnough)
+    if (group.streams.empty() || group.streams.back()->byteSize() > kEnough) {
+        if (!group.streams.empty())
+            group.streams.back()->releaseSpare();
         group.streams.push_back(std::make_unique<AcDbDeepCloneFiler>(AcDb::kUndoFiler));
+    }
     AcDbDeepCloneFiler& stream = *group.streams.back();
     entry.hasState = true;
     entry.stream = group.streams.size() - 1;
@@ -92,6 +112,20 @@ void DbUndoLog::restore(Group& group, const Entry& entry) {
     object.dwgIn(&stream);
 }
 
+// Either the entities of a group or all its other objects, the last changed first.
+void DbUndoLog::takeBack(Group& group, Group& inverse, bool entities) {
+    for (auto entry = group.entries.rbegin(); entry != group.entries.rend(); ++entry) {
+        if ((AcDbEntity::cast(entry->stub->object) != nullptr) != entities)
+            continue;
+        const DbForcedWrite write(*entry->stub);
+        entry->stub->undoTick = 0;
+        file(inverse, *entry->stub->object, entry->hasState);
+        restore(group, *entry);
+        entry->stub->modified = false;
+        entry->stub->undoTick = 0;
+    }
+}
+
 bool DbUndoLog::step(Groups& from, Groups& to) {
     while (!from.empty() && from.back()->isEmpty())
         from.pop_back();
@@ -103,14 +137,10 @@ bool DbUndoLog::step(Groups& from, Groups& to) {
     from.pop_back();
     auto inverse = std::make_unique<Group>();
     mTick = 0; // restoring records nothing
-    for (auto entry = group->entries.rbegin(); entry != group->entries.rend(); ++entry) {
-        const DbForcedWrite write(*entry->stub);
-        entry->stub->undoTick = 0;
-        file(*inverse, *entry->stub->object, entry->hasState);
-        restore(*group, *entry);
-        entry->stub->modified = false;
-        entry->stub->undoTick = 0;
-    }
+    // A class may look into the drawing's dictionaries and tables while an entity of it reads itself
+    // (what scale its fields are for, say): they must show what they showed when it was filed.
+    takeBack(*group, *inverse, false);
+    takeBack(*group, *inverse, true);
     if (group->header) {
         inverse->header = std::move(DbObjectAccess::header(mDb));
         DbObjectAccess::header(mDb) = std::move(*group->header);
@@ -125,11 +155,21 @@ bool DbUndoLog::step(Groups& from, Groups& to) {
     return true;
 }
 
+void DbUndoLog::Group::releaseSpare() {
+    entries.shrink_to_fit();
+    if (!streams.empty())
+        streams.back()->releaseSpare(); // the others are done with already
+}
+std::size_t DbUndoLog::Group::byteSize() const {
+    std::size_t size = entries.capacity() * sizeof(Entry);
+    for (const auto& stream : streams)
+        size += stream->byteSize();
+    return size;
+}
 std::size_t DbUndoLog::byteSize() const {
     std::size_t size = 0;
     for (const Groups* const groups : {&mGroups, &mRedo})
         for (const auto& group : *groups)
-            for (const auto& stream : group->streams)
-                size += stream->byteSize();
+            size += group->byteSize();
     return size;
 }

@@ -3,19 +3,21 @@
 
 #include "AcEdAds.h"
 #include "AcUtText.h"
+#include "CScaleComparisonDialog.h"
 #include "TrfcDocSettings.h"
 #include "TrfcDrawingUtils.h"
 #include "TrfcScalable.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <memory>
 
 bool scaleTrackingEnabled = true;
 
 namespace {
 
-constexpr const ACHAR* kBuiltInSource = L"beépített";
-constexpr const ACHAR* kListSource = L"Korvant";
+constexpr Adesk::Int32 kGreatestDenominator = 32767; // DOC_CURRENT_SCALE has 16 bits
 
 std::unique_ptr<CAnnoScaleReactor>& reactorSlot() {
     static std::unique_ptr<CAnnoScaleReactor> reactor;
@@ -54,18 +56,19 @@ void compareWithCollection(AcDbDatabase& database, std::vector<Adesk::Int32>& de
         scale->getDrawingUnits(item.drawingUnits);
         item.matchesCurrent = item.name == currentName;
         item.scaleText = scaleText(*found);
-        item.source = kBuiltInSource;
+        item.source = kScaleOfDrawing;
         items.push_back(item);
         denominators.erase(found);
     }
 }
 
-// Integer divisions: a scale that does not divide 1000 evenly is meant to be corrected by the user.
+// Integer divisions: a scale that does not divide 1000 evenly is meant to be corrected by the user. What
+// was no number in the list, a denominator of 0, gets a paper length of 0 for the same reason.
 ScaleComparisonItem listItem(Adesk::Int32 denominator) {
     ScaleComparisonItem item;
     item.scaleText = scaleText(denominator);
     item.name = L"KV " + item.scaleText;
-    item.source = kListSource;
+    item.source = kScaleOfList;
     if (denominator < 1000) {
         item.paperUnits = denominator != 0 ? 1000 / denominator : 0;
         item.drawingUnits = 1.0;
@@ -76,17 +79,30 @@ ScaleComparisonItem listItem(Adesk::Int32 denominator) {
     return item;
 }
 
+// A denominator of 0 would shrink every symbol to its foot, and nothing could be derived from it again.
+void tellUnusable(const AcDbAnnotationScale& scale) {
+    std::wstring name;
+    scale.getName(name);
+    acutPrintf(L"A(z) \"%s\" lépték nevezője nem 1 és %d közé esik; a rajz Korvant objektumai nem változtak.\n", name.c_str(), kGreatestDenominator);
+}
+
 } // namespace
 
 Adesk::Int32 denominatorOf(const AcDbAnnotationScale& scale) {
     double paper = 1.0, drawing = 0.0;
     scale.getPaperUnits(paper);
     scale.getDrawingUnits(drawing);
-    return static_cast<Adesk::Int32>(drawing / paper * 1000.0);
+    // Files may hold a paper length of 0, and lengths of any size.
+    const double denominator = paper != 0.0 ? drawing / paper * 1000.0 : 0.0;
+    return std::abs(denominator) <= std::numeric_limits<Adesk::Int32>::max() ? static_cast<Adesk::Int32>(denominator) : 0;
 }
 
 void switchScale(const AcDbAnnotationScale& scale) {
     const Adesk::Int32 denominator = denominatorOf(scale);
+    if (denominator < 1 || denominator > kGreatestDenominator) {
+        tellUnusable(scale);
+        return;
+    }
     TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, denominator);
     AcDbBlockTableRecord* space = nullptr;
     if (openBlockRecord(acdbHostApplicationServices()->workingDatabase(), ACDB_MODEL_SPACE, space, AcDb::kForWrite) != Acad::eOk)
@@ -131,8 +147,8 @@ void synchroniseScales() {
     if (database == nullptr)
         return;
     const std::wstring list = TrfcDocSettings::getDocString(DOC_SCALE_LIST);
-    if (!list.empty())
-        acutPrintf(L"A rajz korábbi léptéklistája (%s) a rajzban marad: összevetése a feliratléptékekkel ebben a változatban még nem érhető el.\n", list.c_str());
+    if (!list.empty() && CScaleComparisonDialog(compareScaleList(*database, list)).DoModal() == IDOK)
+        TrfcDocSettings::setDocString(DOC_SCALE_LIST, L"");
     const std::unique_ptr<AcDbAnnotationScale> current(database->cannoscale());
     if (current != nullptr)
         switchScale(*current);

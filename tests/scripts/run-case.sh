@@ -7,17 +7,21 @@ head_value() { sed -n "s/^; $1: //p" "$case" | head -n 1; }
 args="$(head_value args)"; args="${args:---no-module}"
 status="$(head_value status)"; status="${status:-0}"
 error="$(head_value error)"
+only="$(head_value only)"
 folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 export KORVANT_LOCALAPPDATA="$folder/data" # settings of this case alone
 mkdir -p data
+module="$(head_value module)" # one of the test modules, copied beside the case
+[ -z "$module" ] || cp "$(dirname "$(dirname "$console")")/test_modules/$module.arx" . || exit 1
 # shellcheck disable=SC2086
 "$console" $args -s "$case" >printed 2>errors
 actual=$?
 # Folders differ from run to run and from machine to machine, and so do the two kinds of slash. Handles
-# follow from what a new drawing holds, which is no promise.
-sed -E -e "s|\\\\|/|g" -e "s|$folder|FOLDER|g" -e "s|$(dirname "$(dirname "$console")")|BUILD|g" -e 's/(handle|PointerId|OwnershipId) [0-9A-F]+/\1 HANDLE/' -e 's/^([A-Z]+|Korvant .*) [0-9A-F]+$/\1 HANDLE/' printed >normal
+# follow from what a new drawing holds, which is no promise, and the time of a library file from the build.
+sed -E -e "s|\\\\|/|g" -e "s|$folder|FOLDER|g" -e "s|$(dirname "$(dirname "$console")")|BUILD|g" -e 's/(handle|PointerId|OwnershipId) [0-9A-F]+/\1 HANDLE/' -e 's/^([A-Z]+|Korvant .*) [0-9A-F]+$/\1 HANDLE/' \
+  -e 's#writeString "[0-9]+ [0-9]{2}/[0-9]{2}/[0-9]{2} [0-9:]{8}"#writeString "STAMP"#' printed | grep -E -- "${only:-}" >normal
 expected="${case%.scr}.expected"
 if [ "$accept" = --accept ]; then
   cp normal "$expected"

@@ -19,7 +19,7 @@ public:
     Acad::ErrorStatus setName(const std::wstring& name) override;
     std::wstring collectionName() const override;
     Acad::ErrorStatus getPaperUnits(double& units) const;
-    Acad::ErrorStatus setPaperUnits(double units); // eInvalidInput unless above 0
+    Acad::ErrorStatus setPaperUnits(double units); // eInvalidInput unless above 0 and finite
     Acad::ErrorStatus getDrawingUnits(double& units) const;
     Acad::ErrorStatus setDrawingUnits(double units);
     Acad::ErrorStatus getScale(double& scale) const; // paper / drawing

@@ -132,6 +132,8 @@ public:
     ACDB_FILER_OVERRIDES;
     // Size of the stream in bytes, for memory accounting.
     std::size_t byteSize() const { return mSize; }
+    // Gives back the room kept for further writing; for a stream that is complete and stays long.
+    void releaseSpare();
     // Writing after a seek cuts off what followed.
 
 private:

@@ -39,7 +39,7 @@ std::optional<EdGrip> askGrip() {
     const EdGrip* const grip = findGrip(grips, answer);
     if (grip == nullptr)
         edFail(acFormat(L"There is no grip %s.", answer.c_str()));
-    return grip != nullptr && isMovable(*grip) ? std::optional<EdGrip>(*grip) : std::nullopt;
+    return grip != nullptr ? std::optional<EdGrip>(*grip) : std::nullopt;
 }
 
 struct DragAnswer {
@@ -105,7 +105,7 @@ void edCmdGripList() {
 void edCmdGripDrag() {
     const auto grip = askGrip();
     const auto answer = grip ? askDrag() : std::nullopt;
-    if (!answer)
+    if (!answer || !isMovable(*grip)) // asked for whole, so that nothing of the line is left over
         return;
     if (answer->isPreview)
         preview(*grip, answer->offset);
@@ -115,6 +115,6 @@ void edCmdGripDrag() {
         drag(*grip, answer->offset);
 }
 void edCmdGripClick() {
-    if (const auto grip = askGrip())
+    if (const auto grip = askGrip(); grip && isMovable(*grip))
         edClickGrip(*grip);
 }

@@ -13,6 +13,7 @@ public:
     void setBackground(COLORREF color);
     // The resolver must live as long as the list is shown; null stands for plain colours.
     void setDisplayList(std::shared_ptr<const GiDisplayList> list, const GiStyleResolver* resolver = nullptr);
+    const GiDisplayList* displayList() const; // null where nothing is shown
     // The rectangle of the model that is shown, enlarged to the window's proportions.
     void setView(const AcGePoint2d& low, const AcGePoint2d& high);
     // Fits the view to the list's extents, enlarged by the factor about their centre.

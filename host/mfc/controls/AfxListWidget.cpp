@@ -1,6 +1,7 @@
 #include "controls/AfxListWidget.h"
 
 #include "CListCtrl.h"
+#include "controls/AfxGridDelegate.h"
 #include "controls/AfxImages.h"
 #include "controls/AfxReportView.h"
 #include "core/AfxDispatch.h"
@@ -50,6 +51,7 @@ void AfxListWidget::buildReport(DWORD style) {
     auto* tree = new AfxReportView(this);
     tree->setRootIsDecorated(false);
     tree->setUniformRowHeights(true);
+    tree->setItemDelegate(new AfxCellDelegate(tree));
     tree->setItemsExpandable(false);
     tree->setAllColumnsShowFocus(true);
     tree->header()->setStretchLastSection(false);

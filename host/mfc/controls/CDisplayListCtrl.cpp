@@ -60,6 +60,10 @@ void CDisplayListCtrl::setDisplayList(std::shared_ptr<const GiDisplayList> list,
         mImpl->canvas->update();
 }
 
+const GiDisplayList* CDisplayListCtrl::displayList() const {
+    return mImpl->list.get();
+}
+
 void CDisplayListCtrl::setView(const AcGePoint2d& low, const AcGePoint2d& high) {
     mImpl->low = low;
     mImpl->high = high;

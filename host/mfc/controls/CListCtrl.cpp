@@ -357,7 +357,7 @@ DWORD CListCtrl::SetExtendedStyle(DWORD style) {
     const bool wantsLines = (style & LVS_EX_GRIDLINES) != 0, hasLines = (earlier & LVS_EX_GRIDLINES) != 0;
     if (QTreeView* table = tableOf(*this); table != nullptr && wantsLines != hasLines) {
         QAbstractItemDelegate* const before = table->itemDelegate();
-        table->setItemDelegate(wantsLines ? new AfxGridDelegate(table) : new QStyledItemDelegate(table));
+        table->setItemDelegate(wantsLines ? new AfxGridDelegate(table) : new AfxCellDelegate(table));
         delete before;
     }
     return earlier;

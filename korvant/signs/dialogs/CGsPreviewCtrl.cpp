@@ -23,9 +23,13 @@ struct Copies {
 } // namespace
 
 CGsPreviewCtrl::CGsPreviewCtrl() : mBackground(0, 0, 0), mHighlight(255, 140, 0), mHover(30, 80, 100) {}
-CGsPreviewCtrl::~CGsPreviewCtrl() = default;
+CGsPreviewCtrl::~CGsPreviewCtrl() { setDisplayList(nullptr); } // the surface goes after the styles it paints with
 
 void CGsPreviewCtrl::init(const AcGeVector3d& up) {
+    const AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr)
+        return;
+    mStyles = acdbNewStyleResolver(*drawing);
     setBackground(RGB(mBackground.red(), mBackground.green(), mBackground.blue()));
     const double turn = up.isZeroLength() ? 0.0 : up.angleTo(AcGeVector3d::kYAxis, AcGeVector3d::kZAxis);
     mToView = AcGeMatrix3d::rotation(turn, AcGeVector3d::kZAxis);
@@ -88,6 +92,8 @@ void CGsPreviewCtrl::clear() {
 
 void CGsPreviewCtrl::show(AcArray<AcDbEntity*> drawables, AcArray<TrfcBlock*> blocks) {
     clear();
+    if (!canDraw())
+        return;
     mDrawables = std::move(drawables);
     mBlocks = std::move(blocks);
     rebuild();
@@ -95,6 +101,8 @@ void CGsPreviewCtrl::show(AcArray<AcDbEntity*> drawables, AcArray<TrfcBlock*> bl
 }
 
 void CGsPreviewCtrl::rebuild() {
+    if (!canDraw())
+        return;
     GiDisplayListBuilder builder;
     AcGiGeometry& geometry = builder.worldDraw().geometry();
     geometry.pushModelTransform(mToView);
@@ -103,10 +111,11 @@ void CGsPreviewCtrl::rebuild() {
             drawHovered(builder, *mDrawables[i]);
         else
             geometry.draw(mDrawables[i]);
+    mExtents = giExtentsOf(builder.list()); // the frame takes no part: a click must not move the view
     if (mSelected >= 0 && mSelected < mBlocks.length())
         drawFrame(builder, *mBlocks[mSelected]);
     geometry.popModelTransform();
-    setDisplayList(std::make_shared<const GiDisplayList>(builder.take()));
+    setDisplayList(std::make_shared<const GiDisplayList>(builder.take()), mStyles.get());
 }
 
 // Copies in one colour, so that by-layer and own colours of a library symbol light up as well.
@@ -115,6 +124,7 @@ void CGsPreviewCtrl::drawHovered(GiDisplayListBuilder& builder, const AcDbEntity
     for (void* const pointer : copies.entities) {
         auto* const copy = static_cast<AcDbEntity*>(pointer);
         copy->setColor(mHover);
+        copy->setLinetype(L"Continuous");
         copy->setLineWeight(AcDb::kLnWt000);
         builder.worldDraw().geometry().draw(copy);
     }
@@ -147,7 +157,7 @@ void CGsPreviewCtrl::zoomAbout(const AcGePoint3d& center, double height) {
 
 void CGsPreviewCtrl::applyView() {
     if (mFit == Fit::kExtents) {
-        CDisplayListCtrl::zoomExtents(kBorderFactor);
+        fitExtents();
         return;
     }
     CRect client;
@@ -156,6 +166,14 @@ void CGsPreviewCtrl::applyView() {
     const double halfHeight = mHeight / 2.0;
     const double halfWidth = client.Height() > 0 ? halfHeight * client.Width() / client.Height() : halfHeight;
     setView({center.x - halfWidth, center.y - halfHeight}, {center.x + halfWidth, center.y + halfHeight});
+}
+
+void CGsPreviewCtrl::fitExtents() {
+    if (!mExtents.isValid())
+        return;
+    const AcGePoint3d low = mExtents.minPoint(), high = mExtents.maxPoint();
+    const double dx = (high.x - low.x) * (kBorderFactor - 1.0) / 2.0, dy = (high.y - low.y) * (kBorderFactor - 1.0) / 2.0;
+    setView({low.x - dx, low.y - dy}, {high.x + dx, high.y + dy});
 }
 
 // A view about a point keeps its height; the control alone would only keep its rectangle in sight.
@@ -177,6 +195,11 @@ void CGsPreviewCtrl::setHovered(int index) {
 
 AcGePoint3d CGsPreviewCtrl::fromView(const AcGePoint2d& point) const {
     return mToView.inverse() * AcGePoint3d(point.x, point.y, 0.0);
+}
+
+CPoint CGsPreviewCtrl::placeOf(const AcGePoint3d& point) const {
+    const AcGePoint3d seen = mToView * point;
+    return toClient({seen.x, seen.y});
 }
 
 int CGsPreviewCtrl::blockAt(const AcGePoint3d& point) const {

@@ -1,9 +1,11 @@
-// The live view of what a property page edits, drawn with the same code as the drawing. Blocks that
-// are listed light up under the mouse and can be clicked.
+// The live view of what a property page edits, drawn with the same code and the same layers as the
+// drawing. Blocks that are listed light up under the mouse and can be clicked. Without a drawing, or
+// before init, there is nothing to draw with, and the control stays empty.
 #pragma once
 
 #include "AcCmColor.h"
 #include "AcDbBlockReference.h"
+#include "AcDbStyles.h"
 #include "CDisplayListCtrl.h"
 
 #include <functional>
@@ -41,6 +43,7 @@ public:
     int hovered() const { return mHovered; } // -1: none under the mouse
     // The last listed block whose outline holds the point, -1 for none.
     int blockAt(const AcGePoint3d& point) const;
+    CPoint placeOf(const AcGePoint3d& point) const; // where a point of the drawing is seen, in client pixels
     // A click on a block, or (-1) beside all of them.
     std::function<void(int)> onPick;
     // What the mouse does, at a point of the drawing.
@@ -60,6 +63,8 @@ protected:
 private:
     enum class Fit { kExtents, kCenter };
     void show(AcArray<AcDbEntity*> drawables, AcArray<TrfcBlock*> blocks);
+    bool canDraw() const { return mStyles != nullptr; }
+    void fitExtents();
     void rebuild();
     void applyView();
     void setHovered(int index);
@@ -68,10 +73,12 @@ private:
     AcGePoint3d fromView(const AcGePoint2d& point) const;
 
     AcCmColor mBackground, mHighlight, mHover;
+    std::unique_ptr<GiStyleResolver> mStyles; // of the working drawing; null before init
     std::unique_ptr<AcDbBlockReference> mPlaceholder;
     AcArray<AcDbEntity*> mDrawables;
     AcArray<TrfcBlock*> mBlocks;
     int mHovered = -1, mSelected = -1;
+    AcDbExtents mExtents; // of what is shown, as the view has it
     AcGeMatrix3d mToView; // turns the drawing so that "up" points upwards
     Fit mFit = Fit::kExtents;
     AcGePoint3d mCenter;

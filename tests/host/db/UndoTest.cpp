@@ -1,7 +1,7 @@
 #include "AcDbBlockReference.h"
 #include "AcDbDatabase.h"
 #include "AcDbEntities.h"
-#include "DbObjectAccess.h"
+#include "DbDatabaseData.h"
 #include "Timing.h"
 
 #include <gtest/gtest.h>
@@ -186,6 +186,117 @@ TEST(Undo, ten_thousand_objects_are_recorded_and_taken_back_quickly) {
     EXPECT_DOUBLE_EQ(lengthOf(ids[5000]), 1.0);
     RecordProperty("milliseconds", std::to_string(recorded.count()));
     EXPECT_LT(recorded.count(), 200.0 * kTimingSlack);
+}
+
+// ---- the bound of the history
+namespace {
+DbUndoLog& logOf(AcDbDatabase& db) {
+    return DbObjectAccess::data(db).undo;
+}
+// Ten lines changed in one command: a few kilobytes of history.
+void stretchAll(AcDbDatabase& db, const std::vector<AcDbObjectId>& lines, double length) {
+    db.startUndoRecord();
+    for (const AcDbObjectId id : lines)
+        stretch(id, length);
+}
+std::vector<AcDbObjectId> addTenLines(AcDbDatabase& db) {
+    std::vector<AcDbObjectId> lines;
+    for (int i = 0; i < 10; ++i)
+        lines.push_back(addLine(db));
+    return lines;
+}
+int undoAll(AcDbDatabase& db) {
+    int times = 0;
+    while (db.undo())
+        ++times;
+    return times;
+}
+} // namespace
+
+TEST(Undo, the_oldest_commands_are_forgotten_when_the_history_outgrows_its_limit) {
+    AcDbDatabase db;
+    const auto lines = addTenLines(db);
+    stretchAll(db, lines, 2.0);
+    db.startUndoRecord();
+    const std::size_t one = logOf(db).byteSize();
+    ASSERT_GT(one, 0u);
+    logOf(db).setLimit(3 * one + one / 2);
+    for (int length = 3; length <= 20; ++length) {
+        stretchAll(db, lines, length);
+        EXPECT_LE(logOf(db).byteSize(), 5 * one) << "the open command comes on top of the limit";
+    }
+    EXPECT_EQ(undoAll(db), 4) << "three complete commands and the open one";
+    EXPECT_DOUBLE_EQ(lengthOf(lines[0]), 16.0);
+    for (int length = 17; length <= 20; ++length)
+        EXPECT_TRUE(db.redo());
+    EXPECT_DOUBLE_EQ(lengthOf(lines[9]), 20.0);
+}
+TEST(Undo, the_last_command_can_be_taken_back_however_large_it_is) {
+    AcDbDatabase db;
+    const auto lines = addTenLines(db);
+    logOf(db).setLimit(1);
+    stretchAll(db, lines, 2.0);
+    stretchAll(db, lines, 3.0);
+    db.startUndoRecord();
+    EXPECT_EQ(undoAll(db), 1);
+    EXPECT_DOUBLE_EQ(lengthOf(lines[5]), 2.0);
+    EXPECT_TRUE(db.redo());
+    EXPECT_DOUBLE_EQ(lengthOf(lines[5]), 3.0);
+}
+TEST(Undo, a_short_history_is_kept_whole_under_the_usual_limit) {
+    AcDbDatabase db;
+    const auto lines = addTenLines(db);
+    for (int length = 2; length <= 101; ++length)
+        stretchAll(db, lines, length);
+    EXPECT_EQ(undoAll(db), 100);
+    EXPECT_DOUBLE_EQ(lengthOf(lines[0]), 1.0);
+}
+
+// ---- order
+namespace {
+// An entity that looks into a dictionary while it reads itself.
+AcDbDatabase* gReadingFrom = nullptr;
+std::wstring gSeen;
+class Looker : public AcDbPoint {
+public:
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override {
+        AcDbObjectPointer<AcDbDictionary> named(gReadingFrom->namedObjectsDictionaryId());
+        AcDbObjectId id;
+        gSeen = named->getAt(L"NOW", id) == Acad::eOk ? L"after" : L"before";
+        return AcDbPoint::dwgInFields(filer);
+    }
+};
+} // namespace
+TEST(Undo, an_entity_reads_itself_in_the_drawing_as_it_was_when_it_was_filed) {
+    AcDbDatabase db;
+    gReadingFrom = &db;
+    AcDbObjectId id;
+    {
+        AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId(), AcDb::kForWrite);
+        auto* const looker = new Looker;
+        space->appendAcDbEntity(id, looker);
+        looker->close();
+    }
+    for (const bool entityFirst : {false, true}) {
+        db.startUndoRecord();
+        const auto moveIt = [&] { AcDbObjectPointer<AcDbPoint>(id, AcDb::kForWrite)->setPosition({entityFirst ? 2.0 : 1.0, 0.0, 0.0}); };
+        if (entityFirst)
+            moveIt();
+        {
+            AcDbObjectPointer<AcDbDictionary> named(db.namedObjectsDictionaryId(), AcDb::kForWrite);
+            AcDbObjectId record;
+            auto* const added = new AcDbXrecord;
+            named->setAt(L"NOW", added, record);
+            added->close();
+        }
+        if (!entityFirst)
+            moveIt();
+        ASSERT_TRUE(db.undo());
+        EXPECT_EQ(gSeen, L"before") << entityFirst;
+        ASSERT_TRUE(db.redo());
+        EXPECT_EQ(gSeen, L"after") << entityFirst;
+        ASSERT_TRUE(db.undo());
+    }
 }
 TEST(Changes, mark_the_drawing_until_it_is_saved) {
     AcDbDatabase db;

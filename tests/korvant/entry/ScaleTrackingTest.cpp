@@ -2,15 +2,25 @@
 #include "TrfcScaleTracking.h"
 
 #include "AcDbBlockReference.h"
+#include "AcUtText.h"
+#include "CListCtrl.h"
 #include "CTrfcSignsARXApp.h"
+#include "DbObjectAccess.h"
+#include "DialogUser.h"
+#include "DwgCodec.h"
+#include "Resource.h"
 #include "TestSupport.h"
 #include "TrfcCommands.h"
 #include "TrfcDocSettings.h"
+#include "TrfcDrawingUtils.h"
 #include "TrfcEditorReactors.h"
-#include "TrfcScalable.h"
+#include "TrfcPost.h"
+#include "WindowLook.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -122,10 +132,316 @@ TEST_F(ScaleTracking, a_load_brings_the_settings_in_line_with_the_annotation_sca
     EXPECT_EQ(currentScale(), denominatorOf(*current));
 }
 
-TEST_F(ScaleTracking, an_earlier_list_stays_until_it_has_been_compared) {
-    TrfcDocSettings::setDocString(DOC_SCALE_LIST, L"200/500");
+// ---- an earlier list
+namespace {
+class EarlierList : public ScaleTracking {
+protected:
+    static constexpr const wchar_t* kList = L"200/300/500";
+    EarlierList() { TrfcDocSettings::setDocString(DOC_SCALE_LIST, kList); }
+    AcDbObjectContextCollection& scales() { return *mDatabase->objectContextManager()->contextCollection(acdbAnnotationScaleCollectionName); }
+    static std::wstring list() { return TrfcDocSettings::getDocString(DOC_SCALE_LIST); }
+    static int rowCount() { return static_cast<CListCtrl&>(*topWindow()->GetDlgItem(IDC_SCALE_LIST)).GetItemCount(); }
+    DialogUser user;
+};
+} // namespace
+
+TEST_F(EarlierList, a_confirmed_comparison_adds_the_new_scales_and_empties_the_list) {
+    user.sees([&] { EXPECT_EQ(rowCount(), 3); }).does(L"@ok");
     synchroniseScales();
-    EXPECT_EQ(TrfcDocSettings::getDocString(DOC_SCALE_LIST), L"200/500");
+    EXPECT_EQ(list(), L"");
+    EXPECT_TRUE(scales().hasContext(L"KV 1 : 300"));
+    synchroniseScales(); // would ask for a line if the window opened again
+}
+
+TEST_F(EarlierList, a_cancelled_comparison_keeps_the_list_and_comes_back_at_the_next_load) {
+    user.does(L"@cancel").sees([&] { EXPECT_EQ(list(), kList); }).does(L"@cancel");
+    synchroniseScales();
+    EXPECT_FALSE(scales().hasContext(L"KV 1 : 300"));
+    synchroniseScales();
+    EXPECT_EQ(list(), kList);
+}
+
+TEST_F(EarlierList, whatever_becomes_of_the_comparison_the_drawings_scale_is_followed) {
+    for (const wchar_t* const end : {L"@cancel", L"@ok"}) {
+        TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, 77);
+        user.does(end);
+        synchroniseScales();
+        const std::unique_ptr<AcDbAnnotationScale> current(mDatabase->cannoscale());
+        EXPECT_EQ(currentScale(), denominatorOf(*current));
+    }
+}
+
+TEST_F(EarlierList, no_window_opens_for_a_drawing_without_one) {
+    TrfcDocSettings::setDocString(DOC_SCALE_LIST, L"");
+    synchroniseScales();
+}
+
+TEST_F(EarlierList, the_list_is_not_looked_at_while_scales_are_not_tracked) {
+    scaleTrackingEnabled = false;
+    TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, 77);
+    trfcApp()->On_kLoadDwgMsg(nullptr);
+    EXPECT_EQ(list(), kList);
+    EXPECT_EQ(currentScale(), 77);
+}
+
+TEST_F(EarlierList, junk_in_it_gives_rows_that_never_enter_the_drawing) {
+    const auto items = compareScaleList(*mDatabase, L"abc/0/-5//500");
+    ASSERT_EQ(items.size(), 4u); // abc, 0 and -5; the empty item ends the splitting, and what is left is no number
+    for (const std::size_t zero : {std::size_t{0}, std::size_t{1}, std::size_t{3}}) {
+        EXPECT_EQ(items[zero].name, L"KV 1 : 0");
+        EXPECT_DOUBLE_EQ(items[zero].paperUnits, 0.0);
+    }
+    EXPECT_EQ(items[2].name, L"KV 1 : -5");
+    EXPECT_DOUBLE_EQ(items[2].paperUnits, -200.0);
+    TrfcDocSettings::setDocString(DOC_SCALE_LIST, L"abc/0/-5//500");
+    user.does(L"@ok");
+    synchroniseScales();
+    for (const auto& item : items)
+        EXPECT_FALSE(scales().hasContext(item.name)) ;
+    EXPECT_EQ(list(), L"");
+}
+
+TEST_F(EarlierList, a_scale_that_stands_in_it_twice_is_the_drawings_once_and_a_new_one_once) {
+    const auto items = compareScaleList(*mDatabase, L"500/500");
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0].source, kScaleOfDrawing);
+    EXPECT_EQ(items[1].source, kScaleOfList);
+    EXPECT_EQ(items[1].name, L"KV 1 : 500");
+}
+
+TEST_F(EarlierList, scales_of_the_drawing_that_it_does_not_name_are_left_out) {
+    const auto items = compareScaleList(*mDatabase, L"200");
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_FALSE(items[0].matchesCurrent);
+}
+
+TEST_F(EarlierList, the_new_scales_survive_saving_and_opening) {
+    dwgInstallCodec();
+    user.does(L"@ok");
+    synchroniseScales();
+    const std::wstring path = testTempDir() + L"\\migrated.dwg";
+    ASSERT_EQ(mDatabase->saveAs(path.c_str()), Acad::eOk);
+    AcDbDatabase opened(false, true);
+    ASSERT_EQ(opened.readDwgFile(path.c_str()), Acad::eOk);
+    acdbHostApplicationServices()->setWorkingDatabase(&opened);
+    EXPECT_EQ(list(), L"");
+    const std::unique_ptr<AcDbAnnotationScale> kept(
+        AcDbAnnotationScale::cast(opened.objectContextManager()->contextCollection(acdbAnnotationScaleCollectionName)->getContext(L"KV 1 : 300")));
+    ASSERT_NE(kept, nullptr);
+    double paper = 0.0, drawn = 0.0;
+    kept->getPaperUnits(paper);
+    kept->getDrawingUnits(drawn);
+    EXPECT_DOUBLE_EQ(paper, 3.0);
+    EXPECT_DOUBLE_EQ(drawn, 1.0);
+    acdbHostApplicationServices()->setWorkingDatabase(mDatabase.get());
+}
+
+// ---- scales that cannot be
+namespace {
+class OddScale : public ScaleTracking {
+protected:
+    OddScale() : mEarlier(acSetPrintSink([this](std::wstring_view text) { printed += text; })) {}
+    ~OddScale() override { acSetPrintSink(mEarlier); }
+    std::wstring printed;
+
+private:
+    AcPrintSink mEarlier;
+};
+constexpr const wchar_t* kRefused = L"A(z) \"scale\" lépték nevezője nem 1 és 32767 közé esik; a rajz Korvant objektumai nem változtak.\n";
+} // namespace
+
+TEST_F(OddScale, a_denominator_that_the_settings_cannot_hold_changes_nothing_and_is_told_in_one_line) {
+    for (const double drawing : {0.0005, 32.768, 40.0, 3.0e9}) {
+        printed.clear();
+        switchScale(*makeScale(1.0, drawing));
+        EXPECT_EQ(currentScale(), 500) << drawing;
+        EXPECT_EQ(printed, kRefused) << drawing;
+    }
+    printed.clear();
+    switchScale(*makeScale(1.0, 32.767));
+    EXPECT_EQ(currentScale(), 32767);
+    switchScale(*makeScale(1.0, 0.001));
+    EXPECT_EQ(currentScale(), 1);
+    EXPECT_TRUE(printed.empty());
+}
+
+TEST_F(OddScale, a_scale_of_no_paper_divides_by_nothing) {
+    const auto scale = makeScale(1.0, 1.0);
+    DbObjectAccess::paper(*scale) = 0.0; // as a file may hold it
+    EXPECT_EQ(denominatorOf(*scale), 0);
+    switchScale(*scale);
+    EXPECT_EQ(currentScale(), 500);
+    EXPECT_EQ(printed, kRefused);
+}
+
+TEST_F(OddScale, a_denominator_beyond_32_bits_or_no_number_is_none) {
+    const auto scale = makeScale(1.0, 1.0);
+    for (const double drawing : {1.0e300, -1.0e300, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+        DbObjectAccess::drawing(*scale) = drawing;
+        EXPECT_EQ(denominatorOf(*scale), 0);
+    }
+}
+
+// ---- the objects of the drawing
+namespace {
+class TrackedPosts : public OddScale {
+protected:
+    TrackedPosts() {
+        for (const AcRxClassRow& row : trfcClassRows())
+            row.rxInit();
+        acrxBuildClassHierarchy();
+        TrfcAppSettings::setDocDefault(DOC_POST_MIN_AB, L"0.01");
+        TrfcAppSettings::setDocDefault(DOC_POST_MIN_CD, L"0.005");
+        TrfcAppSettings::setDocDefault(DOC_POST_ALPHA0, L"45");
+        TrfcAppSettings::setDocDefault(DOC_BASEPOINTD, L"0.003");
+        TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, 500);
+        select(L"1:500");
+        acdbAddAnnotationScaleReactor(CAnnoScaleReactor::instance());
+    }
+    ~TrackedPosts() override {
+        acdbRemoveAnnotationScaleReactor(CAnnoScaleReactor::instance());
+        CAnnoScaleReactor::release();
+    }
+    AcDbObjectId addPost(const ACHAR* space = ACDB_MODEL_SPACE) {
+        auto post = std::make_unique<TrfcPost>();
+        post->setPointA({100.0, 200.0, 0.0});
+        post->setPointB({100.0, 210.0, 0.0});
+        post->setPointD({110.0, 220.0, 0.0}, true);
+        post->setPlacementPhase(5);
+        AcDbBlockTableRecord* record = nullptr;
+        EXPECT_EQ(openBlockRecord(mDatabase.get(), space, record, AcDb::kForWrite), Acad::eOk);
+        AcDbObjectId id;
+        EXPECT_EQ(record->appendAcDbEntity(id, post.get()), Acad::eOk);
+        record->close();
+        post.release()->close();
+        return id;
+    }
+    // As CANNOSCALE does.
+    void select(const wchar_t* name) {
+        const std::unique_ptr<AcDbAnnotationScale> scale(
+            AcDbAnnotationScale::cast(mDatabase->objectContextManager()->contextCollection(acdbAnnotationScaleCollectionName)->getContext(name)));
+        ASSERT_NE(scale, nullptr);
+        ASSERT_EQ(mDatabase->setCannoscale(scale.get()), Acad::eOk);
+    }
+    static double armOf(AcDbObjectId id) {
+        AcDbObjectPointer<TrfcPost> post(id);
+        return post->pointA().distanceTo(post->pointB());
+    }
+    static std::vector<std::wstring> filed(AcDbObjectId id) {
+        AcDbRecordingFiler filer;
+        AcDbObjectPointer<TrfcPost>(id)->dwgOut(&filer);
+        return filer.lines();
+    }
+    static std::vector<int> scalesOf(AcDbObjectId id) { return AcDbObjectPointer<TrfcPost>(id)->recordedScales(); }
+    static int liveScaleOf(AcDbObjectId id) { return AcDbObjectPointer<TrfcPost>(id)->currentScale(); }
+};
+} // namespace
+
+TEST_F(TrackedPosts, a_change_of_scale_reaches_every_post_of_model_space_and_no_other) {
+    const AcDbObjectId one = addPost(), two = addPost(), onPaper = addPost(ACDB_PAPER_SPACE);
+    select(L"1:1000");
+    EXPECT_DOUBLE_EQ(armOf(one), 20.0);
+    EXPECT_DOUBLE_EQ(armOf(two), 20.0);
+    EXPECT_DOUBLE_EQ(armOf(onPaper), 10.0);
+}
+
+TEST_F(TrackedPosts, with_tracking_off_the_setting_and_every_post_stay_and_nothing_catches_up) {
+    const AcDbObjectId id = addPost();
+    const auto before = filed(id);
+    scaleTrackingEnabled = false;
+    select(L"1:1000");
+    EXPECT_EQ(currentScale(), 500);
+    EXPECT_EQ(filed(id), before);
+    scaleTrackingEnabled = true;
+    EXPECT_EQ(currentScale(), 500);
+    EXPECT_EQ(filed(id), before);
+    select(L"1:200");
+    EXPECT_DOUBLE_EQ(armOf(id), 4.0);
+    EXPECT_EQ(scalesOf(id), std::vector<int>{500}) << "1:1000 was never shown";
+}
+
+TEST_F(TrackedPosts, a_post_that_is_open_already_is_passed_over_in_silence) {
+    const AcDbObjectId busy = addPost(), free = addPost();
+    {
+        AcDbObjectPointer<TrfcPost> held(busy, AcDb::kForWrite);
+        select(L"1:1000");
+    }
+    EXPECT_DOUBLE_EQ(armOf(busy), 10.0);
+    EXPECT_DOUBLE_EQ(armOf(free), 20.0);
+    EXPECT_TRUE(printed.empty());
+}
+
+TEST_F(TrackedPosts, undo_of_a_change_brings_every_post_back_and_redo_changes_them_again) {
+    const AcDbObjectId known = addPost();
+    select(L"1:1000");
+    select(L"1:500");
+    const AcDbObjectId fresh = addPost();
+    const auto knownAt500 = filed(known), freshAt500 = filed(fresh);
+    mDatabase->startUndoRecord();
+    select(L"1:1000");
+    const auto knownAt1000 = filed(known), freshAt1000 = filed(fresh);
+    ASSERT_NE(knownAt1000, knownAt500);
+    for (int round = 0; round < 3; ++round) {
+        ASSERT_TRUE(mDatabase->undo());
+        EXPECT_EQ(currentScale(), 500);
+        EXPECT_EQ(filed(known), knownAt500);
+        EXPECT_EQ(filed(fresh), freshAt500);
+        EXPECT_EQ(liveScaleOf(known), 500);
+        EXPECT_EQ(liveScaleOf(fresh), 500);
+        ASSERT_TRUE(mDatabase->redo());
+        EXPECT_EQ(currentScale(), 1000);
+        EXPECT_EQ(filed(known), knownAt1000);
+        EXPECT_EQ(filed(fresh), freshAt1000);
+        EXPECT_EQ(liveScaleOf(known), 1000);
+        EXPECT_EQ(liveScaleOf(fresh), 1000);
+    }
+}
+
+TEST_F(TrackedPosts, what_is_changed_after_an_undo_belongs_to_the_scale_that_came_back) {
+    const AcDbObjectId id = addPost();
+    mDatabase->startUndoRecord();
+    select(L"1:1000");
+    mDatabase->undo();
+    mDatabase->startUndoRecord();
+    AcDbObjectPointer<TrfcPost>(id, AcDb::kForWrite)->setPointB({100.0, 230.0, 0.0});
+    select(L"1:200");
+    EXPECT_EQ(scalesOf(id), std::vector<int>{500});
+    EXPECT_DOUBLE_EQ(armOf(id), 12.0);
+    select(L"1:500");
+    EXPECT_DOUBLE_EQ(armOf(id), 30.0);
+}
+
+TEST_F(TrackedPosts, a_post_of_a_drawing_whose_scale_was_no_number_keeps_its_geometry) {
+    TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, 0);
+    const AcDbObjectId id = addPost();
+    const double before = armOf(id);
+    select(L"1:200");
+    EXPECT_EQ(currentScale(), 200);
+    EXPECT_DOUBLE_EQ(armOf(id), before);
+    EXPECT_TRUE(std::isfinite(AcDbObjectPointer<TrfcPost>(id)->pointD().x));
+}
+
+// ---- the reactors
+TEST_F(OddScale, the_document_reactor_prints_one_line_for_each_event) {
+    struct Document : AcApDocument {
+        const ACHAR* fileName() const override { return L"C:\\terv.dwg"; }
+        AcDbDatabase* database() const override { return nullptr; }
+    } document;
+    CDocActivatedReactor reactor;
+    reactor.documentCreated(&document);
+    reactor.documentToBeActivated(&document);
+    reactor.documentActivated(&document);
+    EXPECT_EQ(printed, L"\r\nDokumentum neve (documentCreated): C:\\terv.dwg\r\n"
+                       L"\r\nDokumentum neve (documentToBeActivated): C:\\terv.dwg\r\n"
+                       L"\r\nDokumentum neve (documentActivated): C:\\terv.dwg\r\n");
+}
+
+TEST_F(OddScale, the_document_reactor_can_be_added_and_removed_more_than_once) {
+    CDocActivatedReactor::add();
+    CDocActivatedReactor::add();
+    CDocActivatedReactor::remove();
+    CDocActivatedReactor::remove();
+    EXPECT_TRUE(printed.empty());
 }
 
 TEST(CommandTable, has_nineteen_rows_in_their_order_with_flag_1) {
