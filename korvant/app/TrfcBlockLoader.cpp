@@ -6,6 +6,7 @@
 #include "AcUtText.h"
 #include "TrfcAppSettings.h"
 #include "WinFiles.h"
+#include "storedItem.h"
 
 #include <algorithm>
 #include <iterator>
@@ -63,11 +64,9 @@ bool takeStoredTemplate(const AcDbDictionary& templates, S_BLOCK_DESCRIPTOR& des
     AcDbXrecord* record = nullptr;
     if (templates.getAt(descriptor.blockKey, record, AcDb::kForRead) != Acad::eOk)
         return false;
-    const resbuf* block = itemAt(record->firstItem(), 1);
-    if (block != nullptr)
-        acdbGetObjectId(descriptor.blockId, block->resval.rlname);
+    descriptor.blockId = storedObjectId(itemAt(record->firstItem(), 1));
     const resbuf* stamp = itemAt(record->firstItem(), 3);
-    const bool sameVersion = stamp != nullptr && acutWcscmp(stamp->resval.rstring, descriptor.fileStamp) == 0;
+    const bool sameVersion = stamp != nullptr && acutWcscmp(storedText(stamp), descriptor.fileStamp) == 0;
     record->close();
     return sameVersion && AcDbObjectPointer<AcDbBlockTableRecord>(descriptor.blockId).openStatus() == Acad::eOk;
 }

@@ -3,6 +3,7 @@
 
 #include "AcDbDatabase.h"
 #include "AcUtText.h"
+#include "storedItem.h"
 
 #include <memory>
 
@@ -70,7 +71,7 @@ void store(const ACHAR* key, const RbChain& value) {
 
 // The stored value of a key, or the default's, which is then stored: from the first reading on
 // the drawing keeps its look whatever becomes of the defaults.
-// take: value of a result item; fromText: value of the default's text; item: a chain of the value.
+// take: value of a stored item; fromText: value of the default's text; item: a chain of the value.
 template <class Value, class Take, class FromText, class Item>
 Value fetch(const ACHAR* key, Value none, Take take, FromText fromText, Item item) {
     const DocDictionary dictionary;
@@ -79,7 +80,7 @@ Value fetch(const ACHAR* key, Value none, Take take, FromText fromText, Item ite
     AcDbXrecord* record = nullptr;
     if (dictionary.get()->getAt(key, record, AcDb::kForRead) == Acad::eOk) {
         const resbuf* first = record->firstItem();
-        const Value value = first != nullptr ? take(first->resval) : none;
+        const Value value = first != nullptr ? take(*first) : none;
         record->close();
         return value;
     }
@@ -110,13 +111,13 @@ double unitFactor(const ACHAR* unit) {
 
 Adesk::Int32 TrfcDocSettings::getDocInt(const ACHAR* key) {
     return fetch<Adesk::Int32>(
-        key, 0, [](const ads_u_val& v) { return static_cast<Adesk::Int32>(v.rint); },
+        key, 0, [](const resbuf& item) { return static_cast<Adesk::Int32>(item.resval.rint); },
         // A default beyond 16 bits reads as it will be stored, so the first read and later ones agree.
         [](const ACHAR* text) { return static_cast<Adesk::Int32>(static_cast<Adesk::Int16>(acWtoi(text))); }, intItem);
 }
 
 double TrfcDocSettings::getDocDouble(const ACHAR* key) {
-    return fetch<double>(key, 0.0, [](const ads_u_val& v) { return v.rreal; }, acWtof, realItem);
+    return fetch<double>(key, 0.0, [](const resbuf& item) { return item.resval.rreal; }, acWtof, realItem);
 }
 
 double TrfcDocSettings::getDocDoubleIn(const ACHAR* key, const ACHAR* unit) {
@@ -125,8 +126,7 @@ double TrfcDocSettings::getDocDoubleIn(const ACHAR* key, const ACHAR* unit) {
 
 std::wstring TrfcDocSettings::getDocString(const ACHAR* key) {
     return fetch<std::wstring>(
-        key, std::wstring(), [](const ads_u_val& v) { return std::wstring(v.rstring != nullptr ? v.rstring : L""); },
-        [](const ACHAR* text) { return std::wstring(text); }, textItem);
+        key, std::wstring(), [](const resbuf& item) { return std::wstring(storedText(&item)); }, [](const ACHAR* text) { return std::wstring(text); }, textItem);
 }
 
 void TrfcDocSettings::setDocInt(const ACHAR* key, Adesk::Int32 value) {

@@ -26,6 +26,11 @@ run() { # STATUS ARGS...
 }
 says() { grep -qF -- "$1" printed || { fail "does not say: $1"; cat printed errors; }; }
 
+# A first start looks for the defaults beside the settings and notes their path at once.
+begin first_start
+run 0 -c COUNT
+iconv -f CP1250 -t UTF-8 "$user/settings.ini" | tr '\\' / | grep -qF "DEFAULTS_INI_PATH=$user/defaults.ini" || fail "the path of the defaults is not noted"
+
 # Without settings the module tells which file and is not loaded.
 begin no_settings
 rm "$KORVANT_HOME/bin/settings.ini"

@@ -139,13 +139,22 @@ void CEditBlockChainDlg::addTable(const std::wstring& relativePath) {
     if (TrfcDocSettings::getDocInt(DOC_AUTO_ORDER_TABLES) != 0)
         index = sinkToOrder(index);
     const std::wstring& complementaryFolder = TrfcAppSettings::getAppString(APP_TABLES_COMPL_DIR);
-    if (!complementaryFolder.empty() && relativePath.find(complementaryFolder) != std::wstring::npos) {
+    if (!complementaryFolder.empty() && relativePath.find(complementaryFolder) != std::wstring::npos)
         mChain.setComplementary(index, true);
-        // The sign was its own main sign when it was declared; now it takes the one above it.
-        mChain.resetComplIndices();
-    }
+    pointToMainSigns();
     refreshPreview();
     select(index);
+}
+
+// A plate declared complementary points to itself until it is told its main sign. While none lies above it,
+// that must wait: it would turn into a main sign, and the one that is added next would find no plate of its own.
+void CEditBlockChainDlg::pointToMainSigns() {
+    for (int i = mChain.upCount() - 1; i >= 0; --i)
+        if (const auto* const topmost = TrfcTable::cast(mChain.getAt(i))) {
+            if (!topmost->isComplementary())
+                mChain.resetComplIndices();
+            return;
+        }
 }
 
 // Library files are named in the order of the signs on a post: the greatest name lowest.
@@ -209,7 +218,7 @@ void CEditBlockChainDlg::OnComplementary() {
     if (selectedBlock() == nullptr)
         return;
     mChain.setComplementary(mSelected, IsDlgButtonChecked(IDC_COMPLEMENTARY) == BST_CHECKED);
-    mChain.resetComplIndices();
+    pointToMainSigns();
     refreshPreview();
     showSelected();
 }

@@ -43,6 +43,7 @@ private:
     void move(Move operation);
     void addTable(const std::wstring& relativePath);
     int sinkToOrder(int index);
+    void pointToMainSigns();
 
     TrfcBlockChain& mChain;
     TrfcPost* mPost;

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 using namespace TrfcAppSettings;
@@ -45,7 +46,7 @@ TEST(AppSettings, a_file_without_a_line_end_after_its_last_line_loses_that_line)
 }
 
 TEST(AppSettings, a_key_with_an_empty_value_is_stored_empty) {
-    EXPECT_EQ(appValue(L"KEY=\nOTHER=x\n", L"KEY"), L"");
+    EXPECT_EQ(appValue(L"KEY=earlier\nKEY=\nOTHER=x\n", L"KEY"), L"");
     EXPECT_EQ(getAppString(L"OTHER"), L"x");
 }
 
@@ -243,7 +244,41 @@ TEST_F(UserFolder, removing_any_one_file_resets_all_of_them) {
     }
 }
 
+TEST_F(UserFolder, files_that_cannot_be_copied_are_passed_over) {
+    setModuleDirectory(testTempDir() + L"/korvant.arx"); // nothing is installed there
+    EXPECT_EQ(settingsFilePath(), perUserFolder() + L"settings.ini");
+    EXPECT_FALSE(loadAppSettings(settingsFilePath()));
+    const std::wstring folder = perUserFolder();
+    writeFile(L"mine", L"settings.ini", folder);
+    settingsFilePath();
+    EXPECT_EQ(content(L"settings.ini"), L"mine");
+}
+
 TEST_F(UserFolder, the_module_directory_ends_in_its_last_backslash) {
     setModuleDirectory(L"/opt/korvant/sub/../korvant.arx");
     EXPECT_EQ(moduleDirectory(), L"\\opt\\korvant\\");
+}
+
+TEST(AppSettings, keys_differ_by_case) {
+    EXPECT_EQ(appValue(L"KEY=1\nkey=2\n", L"KEY"), L"1");
+    EXPECT_EQ(getAppString(L"key"), L"2");
+}
+
+TEST(AppSettings, a_load_forgets_what_the_table_held) {
+    setAppString(L"MINE", L"x");
+    setDocDefault(L"MINE", L"x");
+    ASSERT_TRUE(loadAppSettings(writeFile(L"KEY=1\n")));
+    ASSERT_TRUE(loadDocDefaults(writeFile(L"KEY=1\n", L"defaults.ini")));
+    EXPECT_EQ(getAppString(L"MINE"), L"");
+    EXPECT_EQ(getDocDefault(L"MINE"), L"");
+}
+
+TEST(AppSettings, the_sections_of_the_defaults_file_stand_behind_an_empty_line) {
+    clearDocDefaults();
+    const std::wstring path = testTempDir() + L"/defaults.ini";
+    ASSERT_TRUE(saveDocDefaults(path));
+    const std::wstring saved = readBack(path);
+    for (const wchar_t* section : {L"[scale]", L"[post measure]", L"[post annotation measure]", L"[block measure]", L"[block color]", L"[table order]", L"[crosswalk measure]"})
+        EXPECT_NE(saved.find(std::wstring(L"\n\n") + section + L"\n"), std::wstring::npos) << acToUtf8(section);
+    EXPECT_EQ(std::count(saved.begin(), saved.end(), L'\n'), 2 + 7 * 2 + 28); // the version, seven sections, 28 keys
 }

@@ -49,6 +49,14 @@ protected:
         AcDbObjectPointer<AcDbCircle> circle(record->entityIds()[0], AcDb::kForRead);
         return circle ? circle->radius() : -1.0;
     }
+    // Runs with the dictionary of the templates open for write.
+    template <class Look> void look(Look see) {
+        const AcDbObjectPointer<AcDbDictionary> named(database().namedObjectsDictionaryId(), AcDb::kForRead);
+        AcDbDictionary* templates = nullptr;
+        ASSERT_EQ(named->getAt(TRFC_BLOCK_TEMPLATE, templates, AcDb::kForWrite), Acad::eOk);
+        see(*templates);
+        templates->close();
+    }
     std::wstring mFolder;
 };
 
@@ -166,4 +174,79 @@ TEST_F(BlockLoader, built_in_blocks_are_found_by_index_and_7_or_above_reads_no_f
     EXPECT_TRUE(builtInBlockId(7).isNull());
     EXPECT_TRUE(builtInBlockId(-1).isNull());
     EXPECT_EQ(mPrinted, L"");
+}
+
+TEST_F(BlockLoader, the_stamp_is_the_files_length_and_its_last_write_time) {
+    saveSymbol(mFolder + L"/Oszlopok/a.dwg", 1.0);
+    const std::string path = acToUtf8(mFolder) + "/Oszlopok/a.dwg";
+    const std::wstring stamp = describeBlockFile(mFolder, L"Oszlopok\\a.dwg").fileStamp;
+    const std::size_t blank = stamp.find(L' ');
+    EXPECT_EQ(stamp.substr(0, blank), std::to_wstring(std::filesystem::file_size(path)));
+    const std::wstring time = stamp.substr(blank + 1); // yy/mm/dd hh:mm:ss
+    ASSERT_EQ(time.size(), 17u) << acToUtf8(stamp);
+    EXPECT_EQ(time[2], L'/');
+    EXPECT_EQ(time[5], L'/');
+    EXPECT_EQ(time[8], L' ');
+    EXPECT_EQ(time[11], L':');
+    EXPECT_EQ(time[14], L':');
+}
+
+TEST_F(BlockLoader, describing_a_file_loads_nothing) {
+    saveSymbol(mFolder + L"/Oszlopok/a.dwg", 1.0);
+    EXPECT_TRUE(describeBlockFile(mFolder, L"Oszlopok\\a.dwg").blockId.isNull());
+    EXPECT_STREQ(describeBlockFile(mFolder, L"none.dwg").fileStamp, L"");
+    EXPECT_FALSE(hasDictionary(TRFC_BLOCK_TEMPLATE));
+}
+
+TEST_F(BlockLoader, what_the_file_sets_itself_stays) {
+    {
+        AcDbDatabase symbol(true, true);
+        AcDbObjectPointer<AcDbBlockTableRecord> space(symbol.modelSpaceId(), AcDb::kForWrite);
+        auto* circle = new AcDbCircle(AcGePoint3d(), AcGeVector3d::kZAxis, 1.0);
+        circle->setDatabaseDefaults(&symbol);
+        circle->setColorIndex(1);
+        circle->setLineWeight(AcDb::kLnWt050);
+        circle->setLinetype(symbol.continuousLinetype());
+        space->appendAcDbEntity(circle);
+        circle->close();
+        space.close();
+        ASSERT_EQ(symbol.saveAs((mFolder + L"/Oszlopok/own.dwg").c_str()), Acad::eOk);
+    }
+    const S_BLOCK_DESCRIPTOR d = loadBlockTemplate(mFolder, L"Oszlopok\\own.dwg");
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(d.blockId, AcDb::kForRead);
+    const AcDbObjectPointer<AcDbEntity> entity(record->entityIds()[0], AcDb::kForRead);
+    EXPECT_EQ(entity->colorIndex(), 1);
+    EXPECT_EQ(entity->lineWeight(), AcDb::kLnWt050);
+    EXPECT_EQ(entity->linetypeName(), L"Continuous");
+}
+
+TEST_F(BlockLoader, a_block_that_can_no_longer_be_opened_is_read_from_its_file_again) {
+    saveSymbol(mFolder + L"/Oszlopok/a.dwg", 1.0);
+    const AcDbObjectId first = loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg").blockId;
+    {
+        const AcDbObjectPointer<AcDbBlockTableRecord> record(first, AcDb::kForWrite);
+        ASSERT_EQ(record->erase(true), Acad::eOk);
+    }
+    const AcDbObjectId second = loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg").blockId;
+    EXPECT_NE(second, first);
+    EXPECT_DOUBLE_EQ(radiusOf(second), 1.0);
+    EXPECT_EQ(loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg").blockId, second);
+}
+
+TEST_F(BlockLoader, an_entry_that_holds_something_else_is_made_anew) {
+    saveSymbol(mFolder + L"/Oszlopok/a.dwg", 1.0);
+    const auto damage = [this](resbuf* chain) {
+        loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg");
+        look([&](AcDbDictionary& templates) {
+            AcDbXrecord* record = nullptr;
+            ASSERT_EQ(templates.getAt(L"Oszlopok_a.dwg", record, AcDb::kForWrite), Acad::eOk);
+            record->setFromRbChain(*chain);
+            record->close();
+        });
+        acutRelRb(chain);
+    };
+    damage(acutBuildList(70, 1, 0));
+    EXPECT_DOUBLE_EQ(radiusOf(loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg").blockId), 1.0);
+    damage(acutBuildList(70, 1, 1, L"no block", 1, L"Oszlopok\\a.dwg", 40, 2.5, 0));
+    EXPECT_DOUBLE_EQ(radiusOf(loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg").blockId), 1.0);
 }

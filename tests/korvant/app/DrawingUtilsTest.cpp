@@ -3,7 +3,12 @@
 
 #include "TrfcDrawingUtils.h"
 
+#include "AcEdAds.h"
+#include "AcEdCommandStack.h"
 #include "AcGiReceivers.h"
+#include "AfxDialogDriver.h"
+
+#include <fstream>
 
 class DrawingUtils : public AppFixture {};
 
@@ -12,6 +17,23 @@ std::unique_ptr<AcDbLine> lineOfColor(int index) {
     auto line = std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0));
     line->setColorIndex(static_cast<Adesk::UInt16>(index));
     return line;
+}
+
+// A line type file with one type.
+void writeLineTypes(const std::string& path, const std::string& name) {
+    std::ofstream(path) << "*" << name << ", _ _ _\nA,1,-1\n";
+}
+
+// Stands in for the host's zoom and keeps what it was answered with.
+std::vector<std::wstring>& zoomAnswers() {
+    static std::vector<std::wstring> answers;
+    return answers;
+}
+void takeZoom() {
+    ACHAR answer[133];
+    for (int i = 0; i < 2; ++i)
+        if (acedGetString(1, L"", answer) == RTNORM)
+            zoomAnswers().emplace_back(answer);
 }
 } // namespace
 
@@ -178,4 +200,103 @@ TEST_F(DrawingUtils, an_entity_added_to_model_space_is_closed) {
     AcDbObjectPointer<AcDbLine> line(id, AcDb::kForWrite);
     ASSERT_EQ(line.openStatus(), Acad::eOk);
     EXPECT_EQ(line->ownerId(), database().modelSpaceId());
+}
+
+TEST_F(DrawingUtils, display_properties_of_an_index_colour_are_copied_with_line_type_and_layer) {
+    ensureLayer(L"KRESZ");
+    AcDbLine source, target;
+    source.setColorIndex(256);
+    source.setLinetype(database().continuousLinetype());
+    source.setLayer(L"KRESZ");
+    target.setColor(AcCmColor(10, 20, 30));
+    copyDisplayProperties(&source, &target);
+    EXPECT_TRUE(target.color().isByLayer());
+    EXPECT_EQ(target.linetypeName(), L"Continuous");
+    EXPECT_EQ(target.layerName(), L"KRESZ");
+}
+
+TEST_F(DrawingUtils, traits_take_an_entitys_line_but_not_its_layer) {
+    ensureLayer(L"KRESZ");
+    AcDbLine line;
+    line.setLayer(L"KRESZ");
+    line.setLinetype(database().continuousLinetype());
+    line.setLinetypeScale(2.5);
+    line.setLineWeight(AcDb::kLnWt070);
+    line.setColor(AcCmColor(10, 20, 30));
+    GiDisplayListBuilder builder;
+    AcGiSubEntityTraits& traits = builder.worldDraw().subEntityTraits();
+    traits.setLayer(database().layerZero());
+    applyEntityToTraits(&line, &builder.worldDraw());
+    EXPECT_EQ(traits.trueColor(), AcCmColor(10, 20, 30));
+    EXPECT_EQ(traits.lineTypeId(), database().continuousLinetype());
+    EXPECT_DOUBLE_EQ(traits.lineTypeScale(), 2.5);
+    EXPECT_EQ(traits.lineWeight(), AcDb::kLnWt070);
+    EXPECT_EQ(traits.layerId(), database().layerZero());
+}
+
+TEST_F(DrawingUtils, every_index_greys_by_its_level) {
+    for (int index = 1; index <= 255; ++index) {
+        const Adesk::UInt32 rgb = acedGetRGB(index);
+        const Adesk::UInt32 level = ((rgb & 0xFF) + (rgb >> 8 & 0xFF) + (rgb >> 16 & 0xFF)) / 3;
+        const int grey = level < 52 ? 250 : level <= 80 ? 251 : level <= 105 ? 252 : level <= 130 ? 253 : level <= 190 ? 254 : 255;
+        EXPECT_EQ(grayColorOf(lineOfColor(index).get()).colorIndex(), grey) << "index " << index << ", level " << level;
+    }
+}
+
+TEST_F(DrawingUtils, the_five_classes_of_line_work_whiten_to_252) {
+    AcDbPolyline polyline;
+    AcDbArc arc;
+    AcDbEllipse ellipse;
+    for (const AcDbEntity* entity : std::initializer_list<const AcDbEntity*>{&polyline, &arc, &ellipse})
+        EXPECT_EQ(whiteColorOf(entity).colorIndex(), 252) << acToUtf8(entity->isA()->name());
+    EXPECT_TRUE(whiteColorOf(lineOfColor(256).get()).isByACI()); // whatever the method was
+}
+
+TEST_F(DrawingUtils, a_made_layer_has_continuous_lines) {
+    ensureLayer(L"Táblák");
+    AcDbLayerTable* table = nullptr;
+    ASSERT_EQ(database().getLayerTable(table, AcDb::kForRead), Acad::eOk);
+    AcDbLayerTableRecord* layer = nullptr;
+    ASSERT_EQ(table->getAt(L"Táblák", layer, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(layer->linetypeObjectId(), database().continuousLinetype());
+    layer->close();
+    table->close();
+}
+
+TEST_F(DrawingUtils, the_drawings_measurement_chooses_the_line_type_file) {
+    const std::string folder = testTempPath();
+    writeLineTypes(folder + "/ACADISO.LIN", "METRIC");
+    writeLineTypes(folder + "/ACAD.LIN", "IMPERIAL");
+    acdbHostApplicationServices()->setSupportPath({acFromUtf8(folder)});
+    AcDbObjectId id;
+    database().setMeasurement(1);
+    EXPECT_EQ(linetypeId(L"METRIC", id), Acad::eOk);
+    EXPECT_NE(linetypeId(L"IMPERIAL", id), Acad::eOk);
+    database().setMeasurement(0);
+    EXPECT_EQ(linetypeId(L"IMPERIAL", id), Acad::eOk);
+}
+
+TEST_F(DrawingUtils, a_block_record_is_opened_by_name_in_the_mode_asked_for) {
+    AcDbBlockTableRecord* record = nullptr;
+    ASSERT_EQ(openBlockRecord(&database(), ACDB_MODEL_SPACE, record, AcDb::kForWrite), Acad::eOk);
+    EXPECT_TRUE(record->isWriteEnabled());
+    record->close();
+    EXPECT_EQ(openBlockRecord(&database(), L"none", record, AcDb::kForRead), Acad::eKeyNotFound);
+    EXPECT_EQ(record, nullptr);
+}
+
+TEST_F(DrawingUtils, a_zoom_gets_the_lower_left_and_the_upper_right_corner) {
+    zoomAnswers().clear();
+    ASSERT_EQ(acedRegCmds()->addCommand(L"TEST", L"ZOOM", L"ZOOM", 0, takeZoom), Acad::eOk);
+    zoomToExtents(AcDbExtents({-1.5, 2.0, 7.0}, {10.25, 20.0, 9.0}));
+    acedRegCmds()->removeGroup(L"TEST");
+    EXPECT_EQ(zoomAnswers(), (std::vector<std::wstring>{L"-1.500000,2.000000", L"10.250000,20.000000"}));
+}
+
+TEST_F(DrawingUtils, a_fault_is_told_in_a_message_box_with_its_context_and_success_is_not) {
+    AfxInitToolkit(true);
+    reportError(Acad::eOk, L"adding entity to model space");
+    EXPECT_EQ(mPrinted, L"");
+    reportError(Acad::eKeyNotFound, L"adding entity to model space");
+    EXPECT_TRUE(mPrinted.starts_with(L"Korvant: ERROR (adding entity to model space): eKeyNotFound \n\n")) << acToUtf8(mPrinted);
 }

@@ -1,5 +1,6 @@
 #include "PostDialogTest.h"
 
+#include "IndividualTable.h"
 #include "TrfcDocSettings.h"
 
 #include <filesystem>
@@ -161,11 +162,57 @@ TEST_F(ChainPage, a_sign_of_the_supplementary_folder_lands_below_its_main_sign_a
     EXPECT_EQ(table(0).complIndex(), 1);
 }
 
-TEST_F(ChainPage, a_supplementary_sign_alone_on_its_post_is_a_main_sign) {
-    addsTable(L"Kiegészítő", L"H-001");
-    user.sees([&] { EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY)); });
+TEST_F(ChainPage, a_supplementary_sign_is_complementary_from_the_start_and_belongs_to_the_main_sign_added_next) {
+    addsTable(L"Kiegészítő", L"P-001");
+    user.sees([&] {
+        EXPECT_TRUE(table(0).isComplementary());
+        EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY));
+    });
+    addsTable(L"Jelzés", L"A-010");
     runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"P-001", L"A-010"}));
+    EXPECT_EQ(table(0).complIndex(), 1);
+    EXPECT_FALSE(table(1).isComplementary());
+}
+
+TEST_F(ChainPage, two_supplementary_signs_wait_for_the_same_main_sign) {
+    addsTable(L"Kiegészítő", L"P-001");
+    addsTable(L"Kiegészítő", L"H-001");
+    addsTable(L"Jelzés", L"A-010");
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"P-001", L"H-001", L"A-010"}));
+    EXPECT_EQ(table(0).complIndex(), 2);
+    EXPECT_EQ(table(1).complIndex(), 2);
+}
+
+TEST_F(ChainPage, the_folder_of_supplementary_signs_counts_anywhere_in_the_path_and_only_when_it_is_set) {
+    library.add(L"Tábla\\Régi Kiegészítő táblák\\X-001.dwg", "box 1 0.5\n");
+    addTable(L"Jelzés\\A-010.dwg");
+    addsTable(L"Régi Kiegészítő táblák", L"X-001");
+    user.sees([&] {
+        EXPECT_EQ(table(0).complIndex(), 1);
+        TrfcAppSettings::setAppString(APP_TABLES_COMPL_DIR, L"");
+    });
+    addsTable(L"Kiegészítő", L"H-001");
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"H-001", L"X-001", L"A-010"})); // below the group as a whole
     EXPECT_FALSE(table(0).isComplementary());
+    EXPECT_EQ(table(1).complIndex(), 2);
+}
+
+TEST_F(ChainPage, a_block_without_a_state_leaves_state_size_and_check_box_empty) {
+    post->signChain().appendBlockUpward(new TrfcBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_TABLES_BASE_PATH), L"Jelzés\\A-010.dwg"), {}, 0.0, 1.0));
+    addTable(L"Jelzés\\B-020.dwg");
+    user.does(L"@select 217 0");
+    user.sees([&] {
+        EXPECT_EQ(selectedType(), CB_ERR);
+        EXPECT_FALSE(isEnabled(IDC_TYPE_COMBO));
+        EXPECT_EQ(textOf(IDC_UNIQUE_SCALE), L"");
+        EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY));
+        EXPECT_TRUE(isEnabled(IDC_CHAIN_UP));
+        EXPECT_EQ(pathTree(), L"Jelzés/A-010.dwg");
+    });
+    runPage(kTables);
 }
 
 TEST_F(ChainPage, an_empty_choice_adds_nothing) {
@@ -312,6 +359,27 @@ TEST_F(ChainPage, an_individual_sign_takes_its_place_by_file_name_too) {
     user.does(L"@click 238");
     runPage(kTables);
     EXPECT_EQ(tables(), (Titles{L"A-010", L"100.00_200.00_Korvant"})); // "Egyedi\..." comes before "Jelzés\..."
+}
+
+TEST_F(ChainPage, an_individual_sign_is_named_by_coordinates_of_two_decimals) {
+    EXPECT_EQ(individualTablePath({-1.5, 0.0, 7.0}), L"Egyedi\\-1.50_0.00_Korvant.dwg");
+    EXPECT_EQ(individualTablePath({651234.567, 240000.25, 0.0}), L"Egyedi\\651234.57_240000.25_Korvant.dwg");
+}
+
+TEST_F(ChainPage, a_file_that_cannot_be_read_is_told_and_makes_no_individual_sign) {
+    user.does(L"@ok"); // the message
+    EXPECT_FALSE(storeIndividualTable(library.path(L"Ideiglenes\\nincs.dwg"), L"Egyedi\\x.dwg"));
+    EXPECT_TRUE(hasLineWith(user.printed(), L"ERROR (es == Acad::eOk, EditBlockChainDlg): eFileNotFound"));
+    EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\x.dwg"), "");
+}
+
+TEST_F(ChainPage, a_bare_name_is_looked_for_in_the_folder_of_temporary_signs_with_the_ending_of_drawings) {
+    library.add(L"Ideiglenes\\saját.dwg", "box 2 1\n");
+    user.willChooseFile(L"saját");
+    user.does(L"@click 238");
+    runPage(kTables);
+    EXPECT_EQ(tables(), (Titles{L"100.00_200.00_Korvant"}));
+    EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\100.00_200.00_Korvant.dwg"), "box 2 1\n");
 }
 
 // ---- the mouse over the preview

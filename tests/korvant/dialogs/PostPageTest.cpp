@@ -1,5 +1,7 @@
 #include "PostDialogTest.h"
 
+#include "TrfcAppSettings.h"
+
 namespace {
 using PostPage = PostDialog;
 constexpr int kGeneral = 0;
@@ -90,4 +92,36 @@ TEST_F(PostPage, the_view_is_four_and_a_half_feet_high_about_the_foot) {
         EXPECT_NEAR(preview().pixelSize() * client.Height(), 0.004 * 500.0 * 4.5, preview().pixelSize());
     });
     runPage(kGeneral);
+}
+
+TEST_F(PostPage, a_multiline_attribute_shows_its_contents) {
+    library.add(L"Oszlop\\Oszlopok\\Megjegyzett.dwg", "disk 0.5\nmattdef MEGJ szöveg\n");
+    post->setBaseBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), L"Oszlopok\\Megjegyzett.dwg"));
+    user.sees([&] { EXPECT_EQ(gridValue(L"MEGJ"), L"szöveg"); });
+    runPage(kGeneral);
+}
+
+TEST_F(PostPage, a_parameter_that_no_list_names_is_not_shown_and_stays) {
+    library.add(L"Oszlop\\attributes.xml", "");
+    post->baseBlock().setUserParam(L"Talaj", L"agyag");
+    user.sees([&] {
+        EXPECT_EQ(gridValue(L"Talaj"), L"(nincs)");
+        EXPECT_EQ(grid().GetItemCount(), 4);
+    });
+    runPage(kGeneral);
+    EXPECT_STREQ(post->baseBlock().getUserParam(L"Talaj"), L"agyag");
+}
+
+TEST_F(PostPage, a_default_that_is_only_shown_is_not_written_to_the_foot) {
+    user.sees([&] { EXPECT_EQ(gridValue(L"Talaj"), L"beton"); });
+    runPage(kGeneral);
+    EXPECT_STREQ(post->baseBlock().getUserParam(L"Talaj"), L"");
+}
+
+TEST_F(PostPage, a_chosen_foot_takes_the_form_of_the_posts_state) {
+    post->setPostType(1);
+    user.does(L"@click 342").does(L"@select 300 \"Oszlopok\"").does(L"@select 301 \"Jelzőoszlop\"").does(L"@ok");
+    runPage(kGeneral);
+    EXPECT_EQ(post->postData().postType, 1);
+    EXPECT_STREQ(post->baseBlock().descriptor().blockFile, L"Oszlopok\\$Jelzőoszlop.dwg");
 }

@@ -132,6 +132,33 @@ TEST_F(BlockChain, a_change_of_state_or_size_closes_the_list_up) {
     expectNear(chain.ptTop(), {0.0, 18.0, 0.0});
 }
 
+TEST_F(BlockChain, a_block_without_a_state_keeps_state_and_size) {
+    chain.appendBlockUpward(new TrfcBlock(plate(L"plain.dwg"), {}, 0.0, 1.0));
+    EXPECT_EQ(chain.setBlockType(0, kBlockCovered), Acad::eOk);
+    EXPECT_EQ(chain.setBlockUniqueScale(0, 2.0), Acad::eOk);
+    EXPECT_DOUBLE_EQ(chain[0]->uniqueScaleFactor(), 1.0);
+    EXPECT_DOUBLE_EQ(chain[0]->scaleFactor(), 3.0);
+}
+
+TEST_F(BlockChain, a_block_joins_a_turned_chain_along_or_against_its_axis) {
+    TrfcBlockChain turned({1.0, 1.0, 0.0}, kHalfPi, kSignChain);
+    turned.appendBlockUpward(newTable(L"a.dwg"));
+    turned.appendBlockDownward(newTable(L"b.dwg"));
+    expectNear(turned.axis(), {-1.0, 0.0, 0.0});
+    expectNear(turned.ptTop(), {-3.0, 1.0, 0.0});
+    expectNear(turned.ptBottom(), {5.0, 1.0, 0.0});
+    EXPECT_NEAR(std::remainder(turned[1]->rotation() - kHalfPi - kPi, kTwoPi), 0.0, 1e-12);
+}
+
+TEST_F(BlockChain, a_change_in_the_lower_list_leaves_the_upper_one_alone) {
+    fill(chain, {L"a"});
+    fillDown(chain, {L"c", L"d"});
+    EXPECT_EQ(chain.setBlockType(1, kBlockPlanned), Acad::eOk);
+    expectLaidWithoutGap(chain);
+    expectNear(chain.ptTop(), {0.0, 4.0, 0.0});
+    expectNear(chain.ptBottom(), {0.0, -10.0, 0.0});
+}
+
 // ---- main and complementary signs -------------------------------------------------------------------
 
 TEST_F(BlockChain, a_plate_complements_the_next_main_sign_above_it) {
@@ -208,6 +235,27 @@ TEST_F(BlockChain, a_complementary_sign_moves_alone_by_one_place) {
     EXPECT_EQ(upFiles(chain), (Files{L"m1", L"m2", L"+k"}));
     EXPECT_EQ(upComplIndices(chain), (Indices{-1, -1, -1})); // nothing above to complement
     EXPECT_EQ(at, 2);
+}
+
+TEST_F(BlockChain, a_lamp_takes_the_complementary_signs_below_it_along) {
+    fill(chain, {L"m0", L"+k"});
+    chain.appendBlockUpward(newLamp(L"lamp"));
+    chain.appendBlockUpward(newTable(L"m3"));
+    TrfcTable::cast(chain[1])->setComplIndex(3);
+    int at = -1;
+    EXPECT_EQ(chain.moveUpBlock(2, &at), Acad::eOk);
+    EXPECT_EQ(upFiles(chain), (Files{L"m0", L"m3", L"+k", L"lamp"}));
+    EXPECT_EQ(at, 3);
+    EXPECT_EQ(TrfcTable::cast(chain[2])->complIndex(), -1); // no main sign above it any longer
+    expectLaidWithoutGap(chain);
+}
+
+TEST_F(BlockChain, the_second_block_moved_down_past_nothing_stands_at_0) {
+    fill(chain, {L"+k", L"m"});
+    int at = -1;
+    EXPECT_EQ(chain.moveDnBlock(1, &at), Acad::eOk);
+    EXPECT_EQ(upFiles(chain), (Files{L"+k", L"m"}));
+    EXPECT_EQ(at, 0);
 }
 
 TEST_F(BlockChain, the_lowest_group_moved_down_stays_and_its_index_falls_by_one) {

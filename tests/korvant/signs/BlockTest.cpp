@@ -93,6 +93,29 @@ TEST_F(Block, the_unique_scale_multiplies_the_scale) {
     expectNear(block.topPoint(), {0.0, 6.0, 0.0});
 }
 
+TEST_F(Block, a_changed_unique_scale_replaces_the_earlier_one) {
+    TrfcBlock block(plate(L"a.dwg"), {}, 0.0, 4.0);
+    block.setUniqueScaleFactor(2.0);
+    block.setUniqueScaleFactor(0.5);
+    EXPECT_DOUBLE_EQ(block.scaleFactor(), 2.0);
+    EXPECT_DOUBLE_EQ(block.width(), 2.0);
+    EXPECT_DOUBLE_EQ(block.height(), 2.0);
+    expectNear(block.topPoint(), {0.0, 2.0, 0.0});
+}
+
+TEST_F(Block, the_box_of_a_hanging_turned_symbol_runs_along_its_direction) {
+    const TrfcBlock block(descriptor(L"a.dwg", boxBlock(-0.5, -3.0, 0.5, 0.0)), {}, kHalfPi, 1.0);
+    AcGePoint3dArray corners;
+    block.getBoundingBox(corners);
+    ASSERT_EQ(corners.length(), 4);
+    const AcGeVector3d half = block.upVector().perpVector() * 0.5, up = block.upVector() * 3.0;
+    expectNear(block.upVector(), {1.0, 0.0, 0.0});
+    expectNear(corners[0], AcGePoint3d::kOrigin + half);
+    expectNear(corners[1], AcGePoint3d::kOrigin - half);
+    expectNear(corners[2], AcGePoint3d::kOrigin - half + up);
+    expectNear(corners[3], AcGePoint3d::kOrigin + half + up);
+}
+
 TEST_F(Block, the_bounding_box_has_four_corners_about_the_symbol) {
     const TrfcBlock block(plate(L"a.dwg"), {1.0, 0.0, 0.0}, 0.0, 2.0);
     AcGePoint3dArray corners;
@@ -125,6 +148,29 @@ TEST_F(Block, an_attribute_follows_the_symbol_and_keeps_its_value) {
     expectNear(block.attributeAt(0)->position(), {1.0, 2.0, 0.0});
     block.rotateBy(kTwoPi);
     expectNear(block.attributeAt(0)->position(), {1.0, 2.0, 0.0});
+}
+
+TEST_F(Block, a_centred_attribute_stands_where_its_definition_stands_in_the_symbol) {
+    auto* centred = attribute(L"KM", L"12", {0.0, 1.0, 0.0});
+    centred->setHorizontalMode(AcDb::kTextCenter);
+    centred->setVerticalMode(AcDb::kTextVertMid);
+    centred->setAlignmentPoint({0.0, 1.0, 0.0});
+    TrfcBlock block(descriptor(L"a.dwg", makeBlock({centred})), {10.0, 0.0, 0.0}, 0.0, 2.0);
+    const AcDbAttribute& made = *block.attributeAt(0);
+    EXPECT_EQ(made.horizontalMode(), AcDb::kTextCenter);
+    EXPECT_EQ(made.verticalMode(), AcDb::kTextVertMid);
+    expectNear(made.alignmentPoint(), {10.0, 2.0, 0.0});
+    block.setPosition({20.0, 5.0, 0.0});
+    expectNear(block.attributeAt(0)->alignmentPoint(), {20.0, 7.0, 0.0});
+}
+
+TEST_F(Block, another_library_block_brings_its_own_attributes) {
+    TrfcBlock block(descriptor(L"a.dwg", attributeBlock()), {}, 0.0, 1.0);
+    block.setAttributeText(0, L"99");
+    block.init(descriptor(L"b.dwg", makeBlock({attribute(L"T", L"1")})), {}, 0.0, 1.0);
+    ASSERT_EQ(block.attributeCount(), 1);
+    EXPECT_EQ(block.attributeAt(0)->tagConst(), L"T");
+    EXPECT_STREQ(block.attributeAt(0)->textStringConst(), L"1");
 }
 
 TEST_F(Block, setting_by_tag_reaches_every_attribute_of_exactly_that_tag) {
@@ -204,10 +250,61 @@ TEST_F(Block, white_turns_line_work_light_grey_and_the_rest_to_the_lightest) {
     EXPECT_TRUE(allHave(linesWith(lines, L"polyline"), L"color=252"));
 }
 
+TEST_F(Block, grey_follows_the_level_of_each_part) {
+    TrfcBlock block(descriptor(L"a.dwg", makeBlock({colored(square(), 1), colored(new AcDbLine({}, {1.0, 0.0, 0.0}), 2)})), {}, 0.0, 1.0);
+    Flagged gray(block, true, false, false);
+    const auto lines = drawn(gray);
+    EXPECT_TRUE(allHave(linesWith(lines, L"fill"), L"color=252"));
+    EXPECT_TRUE(allHave(linesWith(lines, L"polyline"), L"color=254"));
+}
+
 TEST_F(Block, white_comes_on_top_of_grey) {
-    TrfcBlock block(descriptor(L"a.dwg", makeBlock({colored(new AcDbLine({}, {1.0, 0.0, 0.0}), 5)})), {}, 0.0, 1.0);
+    // Yellow: white alone or last gives 252, grey last would make 254 of that.
+    TrfcBlock block(descriptor(L"a.dwg", makeBlock({colored(new AcDbLine({}, {1.0, 0.0, 0.0}), 2)})), {}, 0.0, 1.0);
     Flagged both(block, true, true, false);
     EXPECT_TRUE(allHave(drawn(both), L"color=252"));
+}
+
+TEST_F(Block, attributes_fade_with_the_symbol) {
+    TrfcBlock block(descriptor(L"a.dwg", makeBlock({colored(attribute(L"KM", L"12"), 2)})), {}, 0.0, 1.0);
+    Flagged gray(block, true, false, false), white(block, false, true, false);
+    EXPECT_TRUE(allHave(linesWith(drawn(block), L"text"), L"color=2 "));
+    EXPECT_TRUE(allHave(linesWith(drawn(gray), L"text"), L"color=254 "));
+    EXPECT_TRUE(allHave(linesWith(drawn(white), L"text"), L"color=255 "));
+}
+
+TEST_F(Block, attributes_show_in_a_drag_and_in_an_outline) {
+    TrfcBlock block(descriptor(L"a.dwg", attributeBlock()), {}, 0.0, 1.0);
+    Flagged outline(block, false, false, true);
+    EXPECT_EQ(linesWith(drawn(block, true), L"text").size(), 1u);
+    EXPECT_EQ(linesWith(drawn(outline), L"text").size(), 1u);
+}
+
+namespace {
+// Draws a block and then a line of its own, which shows what the block left in the traits.
+class LineAfter : public AcDbEntity {
+public:
+    LineAfter(TrfcBlock& block, bool outline) : mBlock(block), mOutline(outline) { setColorIndex(6); }
+
+protected:
+    bool subWorldDraw(AcGiWorldDraw* worldDraw) override {
+        mBlock.subWorldDraw(worldDraw, false, true, mOutline);
+        const AcGePoint3d points[] = {{7.0, 7.0, 0.0}, {8.0, 8.0, 0.0}};
+        return worldDraw->geometry().polyline(2, points);
+    }
+
+private:
+    TrfcBlock& mBlock;
+    bool mOutline;
+};
+} // namespace
+
+TEST_F(Block, its_colours_do_not_reach_what_is_drawn_after_it) {
+    TrfcBlock block(descriptor(L"a.dwg", makeBlock({colored(new AcDbLine({}, {1.0, 0.0, 0.0}), 5), colored(attribute(L"KM", L"12"), 2)})), {}, 0.0, 1.0);
+    for (const bool outline : {false, true}) {
+        LineAfter after(block, outline);
+        EXPECT_NE(drawn(after).back().find(L"color=6 "), std::wstring::npos) << acToUtf8(drawn(after).back());
+    }
 }
 
 TEST_F(Block, an_outline_is_line_work_in_its_own_colours) {
@@ -224,6 +321,24 @@ TEST_F(Block, explodes_without_definitions_and_invisible_attributes_and_frees_it
     EXPECT_EQ(classNames(parts), (Names{L"AcDbHatch", L"AcDbText"}));
     EXPECT_FALSE(AcDbHatch::cast(parts[0].get())->associative());
     EXPECT_STREQ(AcDbText::cast(parts[1].get())->textStringConst(), L"12");
+}
+
+TEST_F(Block, an_explosion_fades_and_can_leave_line_work_alone) {
+    const TrfcBlock block(descriptor(L"a.dwg", makeBlock({colored(square(), 1), colored(new AcDbLine({}, {1.0, 0.0, 0.0}), 2), colored(attribute(L"KM", L"12"), 2)})), {}, 0.0, 1.0);
+    const auto parts = [&block](bool gray, bool white, bool outline) {
+        AcDbVoidPtrArray raw;
+        EXPECT_EQ(block.PlusExplode(raw, gray, white, outline), Acad::eOk);
+        std::vector<std::wstring> found;
+        for (void* item : raw) {
+            const std::unique_ptr<AcDbEntity> part(static_cast<AcDbEntity*>(item));
+            found.push_back(acFormat(L"%s %d", part->isA()->name(), part->colorIndex()));
+        }
+        return found;
+    };
+    EXPECT_EQ(parts(false, false, false), (Names{L"AcDbHatch 1", L"AcDbLine 2", L"AcDbText 2"}));
+    EXPECT_EQ(parts(true, false, false), (Names{L"AcDbHatch 252", L"AcDbLine 254", L"AcDbText 254"}));
+    EXPECT_EQ(parts(false, true, false), (Names{L"AcDbHatch 255", L"AcDbLine 252", L"AcDbText 255"}));
+    EXPECT_EQ(parts(false, false, true), (Names{L"AcDbLine 2", L"AcDbText 2"}));
 }
 
 TEST_F(Block, a_transformation_takes_reference_top_and_attributes_along) {

@@ -2,33 +2,11 @@
 #include "SignsFixture.h"
 
 #include "DialogUser.h"
-#include "EdInput.h"
 #include "TrfcBlockJig.h"
 #include "TrfcPostJig.h"
-
-#include <deque>
+#include "Typist.h"
 
 namespace {
-// Answers prompts with the lines given, in order; then the input has ended.
-class Typist : public EdInput {
-public:
-    explicit Typist(std::deque<std::wstring> answers) : lines(std::move(answers)) { edPushInput(this); }
-    ~Typist() override { edPopInput(); }
-    std::optional<std::wstring> nextLine(const std::wstring& prompt) override {
-        prompts.push_back(prompt);
-        if (lines.empty())
-            return std::nullopt;
-        const std::wstring line = lines.front();
-        lines.pop_front();
-        return line;
-    }
-    std::optional<std::wstring> nextDialogLine() override { return std::nullopt; }
-    void refuse(const std::wstring& reason) override { ADD_FAILURE() << "refused: " << acToUtf8(reason); }
-
-    std::deque<std::wstring> lines;
-    std::vector<std::wstring> prompts;
-};
-
 class Placement : public SignsFixture {
 protected:
     AcEdJig::DragStatus placePost(std::deque<std::wstring> answers) {
@@ -139,6 +117,71 @@ TEST_F(Placement, a_D_near_the_axis_gives_a_post_without_a_bend) {
     const AcDbObjectPointer<TrfcPost> post(placed()[0]);
     EXPECT_FALSE(post->hasBend());
     expectNear(post->pointD(), {0.0, 20.0, 0.0});
+}
+
+namespace {
+// Notes what each sample of the drag gave and what it made the post show.
+class WatchedJig : public TrfcPostJig {
+public:
+    DragStatus sampler() override {
+        statuses.push_back(TrfcPostJig::sampler());
+        controls.push_back(userInputControls());
+        cursors.push_back(specialCursorType());
+        return statuses.back();
+    }
+    bool update() override {
+        const bool updated = TrfcPostJig::update();
+        phases.push_back(TrfcPost::cast(entity())->placementPhase());
+        int segments = 0;
+        for (const std::wstring& line : drawn(*entity()))
+            segments += line.starts_with(L"polyline") ? 1 : 0;
+        armSegments.push_back(segments);
+        return updated;
+    }
+    std::vector<DragStatus> statuses;
+    std::vector<int> controls, cursors, phases, armSegments;
+};
+} // namespace
+
+TEST_F(Placement, the_arm_shows_as_soon_as_the_cursor_moves_behind_the_second_point) {
+    const Typist typist({L"1,1", L"1,11", L"7,21"});
+    WatchedJig jig;
+    EXPECT_EQ(jig.run(std::make_unique<TrfcPost>()), AcEdJig::kNormal);
+    EXPECT_EQ(jig.phases, (std::vector<int>{1, 2, 4}));
+    EXPECT_EQ(jig.armSegments, (std::vector<int>{0, 1, 3}));
+}
+
+TEST_F(Placement, a_sample_where_the_cursor_rested_is_no_change_whatever_the_stage) {
+    const Typist typist({L"3,3", L"3,3", L"3,3", L"8,8", L"8,20", L"8,20"});
+    WatchedJig first, second;
+    first.run(std::make_unique<TrfcPost>());
+    second.run(std::make_unique<TrfcPost>());
+    EXPECT_EQ(first.statuses[1], AcEdJig::kNoChange);
+    EXPECT_EQ(first.statuses[2], AcEdJig::kNoChange);
+    EXPECT_EQ(second.statuses, (std::vector<AcEdJig::DragStatus>{AcEdJig::kNormal, AcEdJig::kNormal, AcEdJig::kNoChange}));
+}
+
+TEST_F(Placement, no_stage_has_limits_keywords_or_a_cursor_of_its_own) {
+    const Typist typist({L"1,1", L"1,11", L"7,21"});
+    WatchedJig jig;
+    jig.run(std::make_unique<TrfcPost>());
+    EXPECT_EQ(jig.controls, (std::vector<int>{0, 0, 0}));
+    EXPECT_EQ(jig.cursors, (std::vector<int>{0, 0, 0}));
+    EXPECT_STREQ(jig.keywordList(), L"");
+    EXPECT_EQ(jig.dimData(1.0), nullptr);
+    EXPECT_EQ(jig.setDimValue(nullptr, 1.0), Acad::eOk);
+}
+
+TEST_F(Placement, the_minimum_lengths_hold_during_the_drag_in_paper_measure) {
+    confirmEverything();
+    setScale(1000); // 0.01 of the sheet is 10 here, 0.006 is 6
+    EXPECT_EQ(placePost({L"0,0", L"0,1", L"4,3"}), AcEdJig::kNormal);
+    ASSERT_EQ(placed().length(), 1);
+    const AcDbObjectPointer<TrfcPost> post(placed()[0]);
+    expectNear(post->pointB(), {0.0, 10.0, 0.0});
+    expectNear(post->pointC(), {4.0, 14.0, 0.0});
+    expectNear(post->pointD(), {4.0, 20.0, 0.0});
+    EXPECT_DOUBLE_EQ(post->baseBlock().scaleFactor(), 2.0);
 }
 
 // ---- road markings -----------------------------------------------------------------------------------------

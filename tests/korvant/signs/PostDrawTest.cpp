@@ -59,6 +59,42 @@ TEST_F(PostDraw, without_a_text_there_is_no_note) {
     EXPECT_NE(top(lines, L"text")[0].find(L"color=3 "), std::wstring::npos);
 }
 
+TEST_F(PostDraw, before_A_is_given_there_is_no_note) {
+    auto post = newPost(0);
+    post->postText().text = L"Tábla";
+    post->setPlacementPhase(0);
+    EXPECT_TRUE(top(drawn(*post), L"text").empty());
+    post->setPlacementPhase(1);
+    EXPECT_EQ(top(drawn(*post), L"text").size(), 1u);
+}
+
+TEST_F(PostDraw, the_notes_line_type_is_loaded_where_the_drawing_lacks_it) {
+    acdbHostApplicationServices()->setSupportPath({acFromUtf8(KORVANT_SOURCE_DIR "/install/support")});
+    auto post = newPost(0);
+    post->postText().text = L"Tábla";
+    TrfcDocSettings::setDocString(DOC_ANNO_LINE_TYPE, L"DASHED");
+    drawn(*post);
+    AcDbLinetypeTable* table = nullptr;
+    ASSERT_EQ(database().getLinetypeTable(table, AcDb::kForRead), Acad::eOk);
+    EXPECT_TRUE(table->has(L"DASHED"));
+    table->close();
+    const auto parts = exploded(*post);
+    EXPECT_EQ(parts[4]->linetypeName(), L"DASHED");
+    EXPECT_EQ(parts[5]->linetypeName(), L"DASHED");
+}
+
+TEST_F(PostDraw, the_note_runs_along_its_shelf_on_a_turned_post) {
+    auto post = newPost(0);
+    post->postText().text = L"Tábla";
+    post->rotateAllScales(kHalfPi);
+    const auto text = top(drawn(*post), L"text");
+    ASSERT_EQ(text.size(), 1u);
+    EXPECT_NE(text[0].find(L"direction=(0,1,0)"), std::wstring::npos) << acToUtf8(text[0]);
+    const auto parts = exploded(*post);
+    ASSERT_EQ(parts.size(), 7u);
+    EXPECT_NEAR(std::remainder(AcDbText::cast(parts[6].get())->rotation() - kHalfPi, kTwoPi), 0.0, 1e-9);
+}
+
 TEST_F(PostDraw, the_notes_traits_do_not_reach_the_foot) {
     auto post = newPost(0);
     post->setColorIndex(6);
@@ -82,6 +118,35 @@ TEST_F(PostDraw, dragging_a_new_lamp_shows_an_arrow_at_the_foot_and_nothing_else
     post->clearActiveGrip();
     for (const auto& line : top(drawn(*post), L"polyline"))
         EXPECT_NE(line.find(L"color=6 "), std::wstring::npos);
+}
+
+namespace {
+// Draws a post and then a line of its own, which shows what the post left in the traits.
+class LineAfterPost : public AcDbEntity {
+public:
+    explicit LineAfterPost(TrfcPost& post) : mPost(post) { setColorIndex(6); }
+
+protected:
+    bool subWorldDraw(AcGiWorldDraw* worldDraw) override {
+        mPost.worldDraw(worldDraw);
+        const AcGePoint3d points[] = {{7.0, 7.0, 0.0}, {8.0, 8.0, 0.0}};
+        return worldDraw->geometry().polyline(2, points);
+    }
+
+private:
+    TrfcPost& mPost;
+};
+} // namespace
+
+TEST_F(PostDraw, the_arrows_colour_and_fill_do_not_reach_what_is_drawn_after_it) {
+    auto post = newPost(1);
+    dragGrip(*post, L"gripAddLamp", {5.0, 1.2, 0.0});
+    LineAfterPost after(*post);
+    const auto lines = drawn(after);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NE(lines[0].find(L"color=255 "), std::wstring::npos);
+    EXPECT_NE(lines[1].find(L"color=6 "), std::wstring::npos) << acToUtf8(lines[1]);
+    EXPECT_EQ(lines[1].find(L"filled"), std::wstring::npos);
 }
 
 TEST_F(PostDraw, turning_a_lamp_shows_that_lamp_alone) {

@@ -146,6 +146,16 @@ TEST_F(PostFiling, reads_every_earlier_version) {
         EXPECT_DOUBLE_EQ(post.armRatio(), 0.4);
         EXPECT_FALSE(post.lampsFollowRotation());
         EXPECT_EQ(post.postData().material, L"fa");
+        EXPECT_DOUBLE_EQ(post.postData().height, 2.5);
+        EXPECT_EQ(post.placementPhase(), 5);
+        expectNear(post.pointB(), {0.0, 10.0, 0.0});
+        expectNear(post.vectorAB(), AcGeVector3d(0.0, 10.0, 0.0));
+        EXPECT_DOUBLE_EQ(post.rotation(), 0.0);
+        EXPECT_DOUBLE_EQ(post.bendAngle(), 0.7);
+        EXPECT_FALSE(post.hasBend());
+        EXPECT_EQ(post.signChain().chainType(), kSignChain);
+        EXPECT_EQ(post.lampChain(0).chainType(), kPostLampChain);
+        expectNear(post.lampChain(0).position(), {0.5, 0.0, 0.0});
         EXPECT_EQ(post.postText().text, version >= 6 ? L"felirat" : L"");
         EXPECT_EQ(post.exchangeId(), version >= 2 ? 99u : 0u);
         EXPECT_EQ(post.lampChainCount(), 1);
@@ -177,6 +187,34 @@ TEST_F(PostFiling, a_record_of_an_earlier_version_keeps_it_and_leaves_E_alone) {
     post.setScale(1000);
     expectNear(post.pointB(), {0.0, 20.0, 0.0});
     expectNear(post.pointE(), e);
+}
+
+TEST_F(PostFiling, a_record_of_version_6_brings_its_E) {
+    TrfcPost post;
+    read({6, 0, true}, post);
+    setScale(1000);
+    post.setScale(1000);
+    expectNear(post.pointE(), {9.0, 9.0, 0.0});
+    expectNear(post.pointD(), {0.0, 40.0, 0.0});
+    expectNear(post.vectorAB(), AcGeVector3d(0.0, 20.0, 0.0));
+    EXPECT_DOUBLE_EQ(post.bendAngle(), 0.7);
+}
+
+TEST_F(PostFiling, a_copied_record_keeps_the_version_it_has) {
+    const TrfcPost post;
+    for (Adesk::UInt32 version = 0; version <= 7; ++version) {
+        SCOPED_TRACE(version);
+        AcDbDeepCloneFiler source, target;
+        EarlierPost{version, 0, true}.writeScale(source);
+        source.seek(0, AcDb::kSeekFromStart);
+        ASSERT_EQ(post.copyFiler(&source, &target), Acad::eOk);
+        target.seek(0, AcDb::kSeekFromStart);
+        Adesk::UInt32 copied = 99;
+        target.readUInt32(&copied);
+        EXPECT_EQ(copied, version);
+        AcGePoint3d point;
+        EXPECT_EQ(target.readPoint3d(&point) == Acad::eOk, version > 0); // version 0 has no fields
+    }
 }
 
 TEST_F(PostFiling, the_foot_of_an_earlier_file_follows_its_state) {

@@ -26,6 +26,19 @@ TEST_F(Post, is_made_by_default_with_the_drawings_settings) {
     expectNear(post.vectorAB(), AcGeVector3d());
 }
 
+TEST_F(Post, its_second_constructor_makes_the_foot_and_nothing_else) {
+    const S_BLOCK_DESCRIPTOR foot = plate(L"a.dwg");
+    const TrfcPost post(foot, {3.0, 4.0, 0.0}, kHalfPi, 2.0);
+    expectNear(post.baseBlock().position(), {3.0, 4.0, 0.0});
+    EXPECT_DOUBLE_EQ(post.baseBlock().rotation(), kHalfPi);
+    EXPECT_DOUBLE_EQ(post.baseBlock().scaleFactor(), 2.0);
+    EXPECT_EQ(post.baseBlock().descriptor().blockId, foot.blockId);
+    expectNear(post.pointA(), {0.0, 0.0, 0.0});
+    EXPECT_DOUBLE_EQ(post.basePointD(), 1.0);
+    EXPECT_EQ(post.placementPhase(), 0);
+    EXPECT_DOUBLE_EQ(post.rotation(), 0.0);
+}
+
 TEST_F(Post, the_bend_setting_of_45_degrees_bends_the_arm_by_45_degrees) {
     EXPECT_NEAR(TrfcPost().bendAngle(), kPi / 4.0, kTol);
     const auto post = newPost();
@@ -71,6 +84,24 @@ TEST_F(Post, point_C_decides_the_bend) {
     EXPECT_FALSE(post.hasBend());
     EXPECT_NEAR(post.bendAngle(), kPi / 4.0, kTol);
     EXPECT_EQ(post.placementPhase(), 3);
+}
+
+TEST_F(Post, the_bend_at_C_is_unsigned) {
+    for (const double x : {-5.0, 5.0}) {
+        TrfcPost post;
+        post.setPointB({0.0, 10.0, 0.0});
+        post.setPointC({x, 15.0, 0.0});
+        EXPECT_NEAR(post.bendAngle(), kPi / 4.0, kTol) << x;
+    }
+}
+
+TEST_F(Post, a_phase_once_reached_does_not_fall_back) {
+    auto post = newPost();
+    post->setPointA({0.0, 0.0, 0.0});
+    post->setPointB({0.0, 12.0, 0.0});
+    post->setPointC({1.0, 13.0, 0.0});
+    post->setPointD({5.0, 30.0, 0.0}, false);
+    EXPECT_EQ(post->placementPhase(), 5);
 }
 
 TEST_F(Post, point_D_gives_C_on_its_side_at_its_distance) {
@@ -149,6 +180,24 @@ TEST_F(Post, the_same_state_again_leaves_the_foot_alone) {
     const AcDbObjectId block = post->baseBlock().descriptor().blockId;
     post->setPostType(0);
     EXPECT_EQ(post->baseBlock().descriptor().blockId, block);
+}
+
+TEST_F(Post, a_state_without_a_mark_takes_the_plain_file_and_is_kept) {
+    auto post = newPost();
+    post->setPostType(1);
+    post->setPostType(7);
+    EXPECT_EQ(post->postData().postType, 7);
+    EXPECT_STREQ(post->baseBlock().descriptor().blockFile, L"Oszlopok\\Jelzőoszlop.dwg");
+}
+
+TEST_F(Post, a_foot_at_the_librarys_root_has_its_forms_there) {
+    library.add(L"Oszlop\\Magas.dwg", "disk 0.5\n");
+    library.add(L"Oszlop\\$Magas.dwg", "disk 0.6\n");
+    auto post = newPost();
+    post->setBaseBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), L"Magas.dwg"));
+    post->setPostType(1);
+    EXPECT_STREQ(post->baseBlock().descriptor().blockFile, L"$Magas.dwg");
+    EXPECT_DOUBLE_EQ(footRadius(*post), 0.6);
 }
 
 // ---- changes of scale -----------------------------------------------------------------------------------
@@ -236,6 +285,32 @@ TEST_F(Post, a_turn_in_all_scales_keeps_the_records) {
     visitScale(*this, *post, 1000);
     expectNear(post->pointB(), {-20.0, 0.0, 0.0});
     EXPECT_NEAR(post->rotation(), kHalfPi, kTol);
+}
+
+TEST_F(Post, a_turn_takes_the_bend_the_note_and_the_direction_along) {
+    auto post = newPost();
+    post->rotateAllScales(kHalfPi);
+    expectNear(post->pointA(), {0.0, 0.0, 0.0});
+    expectNear(post->pointC(), {-16.0, 6.0, 0.0});
+    expectNear(post->pointE(), {0.0, 5.5, 0.0});
+    expectNear(post->vectorAB(), AcGeVector3d(-10.0, 0.0, 0.0));
+}
+
+TEST_F(Post, what_is_not_in_a_scale_record_is_shared_by_all_scales) {
+    auto post = newPost();
+    visitScale(*this, *post, 1000);
+    post->postText().text = L"új";
+    post->postData().height = 4.0;
+    post->setLampsFollowRotation(false);
+    post->addLampChain({50.0, 0.0, 0.0});
+    post->signChain().deleteBlock(0);
+    visitScale(*this, *post, 500);
+    EXPECT_EQ(post->postText().text, L"új");
+    EXPECT_DOUBLE_EQ(post->postData().height, 4.0);
+    EXPECT_FALSE(post->lampsFollowRotation());
+    EXPECT_EQ(post->lampChainCount(), 1);
+    EXPECT_EQ(post->signChain().size(), 1);
+    EXPECT_DOUBLE_EQ(post->armRatio(), 0.5);
 }
 
 TEST_F(Post, a_turn_by_nothing_does_nothing) {

@@ -11,6 +11,7 @@ public:
     double size = 1.0;
     std::vector<std::wstring> calls;
     int scaleSeenByGeometry = 0;
+    double faultAt = -1.0; // a record of this size is copied with a fault
 
     Acad::ErrorStatus dwgOutScale(AcDbDwgFiler* filer) const override { return filer->writeDouble(size); }
     Acad::ErrorStatus dwgInScale(AcDbDwgFiler* filer) override {
@@ -21,6 +22,8 @@ public:
         double value = 0.0;
         source->readDouble(&value);
         target->writeDouble(value);
+        if (value == faultAt)
+            return Acad::eInvalidInput;
         return source->filerStatus() != Acad::eOk ? source->filerStatus() : target->filerStatus();
     }
     void createNewScale(int oldScale, int newScale) override {
@@ -221,6 +224,64 @@ TEST_F(Scalable, a_record_that_cannot_be_read_is_told_on_the_command_line) {
     EXPECT_EQ(printed, L"TrfcScalable::dwgInFields error: eFilerError\n");
 }
 
+TEST_F(Scalable, a_record_that_cannot_be_written_is_told_and_the_others_follow) {
+    Probe probe; // 500: 1.0, 1000: 2.0, live at 200
+    probe.setScale(1000);
+    probe.setScale(200);
+    probe.faultAt = 1.0;
+    AcDbRecordingFiler filer;
+    EXPECT_EQ(probe.TrfcScalable::dwgOutFields(&filer), Acad::eOk);
+    EXPECT_EQ(printed, L"TrfcScalable::dwgOutFields error: eInvalidInput\n");
+    EXPECT_EQ(linesWith(filer.lines(), L"writeDouble").back(), L"writeDouble 2");
+}
+
+TEST_F(Scalable, a_record_that_was_read_with_a_fault_is_kept_and_the_others_follow) {
+    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+    writeHead(memory, 7);
+    memory.writeInt16(2);
+    for (const int scale : {500, 1000}) {
+        memory.writeInt16(static_cast<Adesk::Int16>(scale));
+        memory.writeDouble(scale / 500.0);
+    }
+    memory.seek(0, AcDb::kSeekFromStart);
+    setScale(200);
+    Probe probe;
+    probe.faultAt = 1.0;
+    EXPECT_EQ(probe.TrfcScalable::dwgInFields(&memory), Acad::eOk);
+    EXPECT_EQ(printed, L"TrfcScalable::dwgInFields error: eInvalidInput\n");
+    EXPECT_EQ(probe.recordedScales(), (Scales{500, 1000}));
+    probe.setScale(1000);
+    EXPECT_DOUBLE_EQ(probe.size, 2.0);
+}
+
+TEST_F(Scalable, every_version_from_1_on_has_the_same_layout) {
+    for (Adesk::UInt32 version = 1; version <= 7; ++version) {
+        SCOPED_TRACE(version);
+        AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+        writeHead(memory, version);
+        memory.writeInt16(1);
+        memory.writeInt16(1000);
+        memory.writeDouble(7.0);
+        memory.seek(0, AcDb::kSeekFromStart);
+        Probe probe;
+        EXPECT_EQ(probe.TrfcScalable::dwgInFields(&memory), Acad::eOk);
+        probe.setScale(1000);
+        EXPECT_DOUBLE_EQ(probe.size, 7.0);
+    }
+}
+
+TEST_F(Scalable, the_base_files_and_derives_nothing) {
+    TrfcScalable base;
+    AcDbRecordingFiler filer;
+    EXPECT_EQ(base.dwgOutScale(&filer), Acad::eOk);
+    EXPECT_EQ(base.dwgInScale(&filer), Acad::eOk);
+    EXPECT_EQ(base.copyFiler(&filer, &filer), Acad::eOk);
+    EXPECT_TRUE(filer.lines().empty());
+    base.setScale(1000);
+    EXPECT_EQ(base.currentScale(), 1000);
+    EXPECT_EQ(base.recordedScales(), Scales{500});
+}
+
 TEST_F(Scalable, every_class_is_registered_with_its_names) {
     struct Row {
         const AcRxClass* type;
@@ -233,6 +294,10 @@ TEST_F(Scalable, every_class_is_registered_with_its_names) {
         {TrfcPost::desc(), TrfcScalable::desc(), L"Korvant Oszlop",
          L"TRFCSIGNARXAPP |Product Desc: Traffic Sign Custom Entity |Company: Tessaron Ltd |WEB Address:"},
         {TrfcBlock::desc(), AcDbEntity::desc(), L"Korvant Blokk", L"TRFCSIGNARXAPP |Product Desc:     Traffic Block Custom Entity, abstract class"},
+        {TrfcTypedBlock::desc(), TrfcBlock::desc(), L"TrfcTypedBlock",
+         L"TRFCSIGNARXAPP |Product Desc: Traffic Post Table Custom Entity |Company: Tessaron Ltd |WEB Address:"},
+        {TrfcBlockEnt::desc(), TrfcBlock::desc(), L"Korvant Blokk",
+         L"TRFCSIGNARXAPP |Product Desc: Traffic Block Custom Entity |Company: Tessaron Ltd |WEB Address:"},
         {TrfcTable::desc(), TrfcTypedBlock::desc(), L"TrfcTable",
          L"TRFCSIGNARXAPP |Product Desc: Traffic Post Table Custom Entity |Company: Tessaron Ltd |WEB Address:"},
         {TrfcLamp::desc(), TrfcTypedBlock::desc(), L"TrfcLamp", L"TRFCSIGNARXAPP |Product Desc: Traffic Lamp Custom Entity |Company: Tessaron Ltd |WEB Address:"},

@@ -4,11 +4,14 @@
 namespace {
 class TypedBlock : public SignsFixture {
 protected:
-    S_BLOCK_DESCRIPTOR redLine() {
+    AcDbObjectId lineBlock(int color) {
         auto* line = new AcDbLine({0.0, 0.0, 0.0}, {0.0, 1.0, 0.0});
-        line->setColorIndex(1);
-        return descriptor(L"red.dwg", makeBlock({line}));
+        line->setColorIndex(static_cast<Adesk::UInt16>(color));
+        return makeBlock({line});
     }
+    S_BLOCK_DESCRIPTOR redLine() { return descriptor(L"red.dwg", lineBlock(1)); }
+    // Greys to 254, whitens to 252.
+    S_BLOCK_DESCRIPTOR yellowLine() { return descriptor(L"yellow.dwg", lineBlock(2)); }
     static std::wstring colorOf(TrfcTypedBlock& block) {
         const auto line = linesWith(drawn(block), L"polyline").at(0);
         const std::size_t at = line.find(L"color=") + 6;
@@ -131,10 +134,58 @@ TEST_F(TypedBlock, only_existing_signs_and_those_to_be_removed_fade) {
     }
 }
 
-TEST_F(TypedBlock, with_grey_and_white_on_white_wins) {
-    useColors(L"1", L"1", L"1");
-    TrfcTable table(redLine());
+TEST_F(TypedBlock, grey_and_white_each_fade_in_their_own_way) {
+    TrfcTable table(yellowLine());
+    useColors(L"1", L"1", L"0");
+    EXPECT_EQ(colorOf(table), L"254");
+    useColors(L"1", L"0", L"1");
     EXPECT_EQ(colorOf(table), L"252");
+    useColors(L"1", L"0", L"0");
+    EXPECT_EQ(colorOf(table), L"2");
+}
+
+TEST_F(TypedBlock, with_grey_and_white_on_white_comes_last) {
+    useColors(L"1", L"1", L"1");
+    TrfcTable table(yellowLine());
+    EXPECT_EQ(colorOf(table), L"252"); // grey last would give 254
+}
+
+TEST_F(TypedBlock, an_overlay_is_never_recoloured) {
+    useColors(L"1", L"1", L"1");
+    TrfcTable table(yellowLine());
+    table.setType(kBlockToBeRemoved);
+    table.setOverlayBlock(lineBlock(3));
+    const auto lines = linesWith(drawn(table), L"polyline");
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NE(lines[0].find(L"color=252"), std::wstring::npos);
+    EXPECT_NE(lines[1].find(L"color=3 "), std::wstring::npos) << acToUtf8(lines[1]);
+    EXPECT_EQ(exploded(table)[1]->colorIndex(), 3);
+}
+
+TEST_F(TypedBlock, an_explosion_fades_as_the_picture_does) {
+    useColors(L"1", L"1", L"0");
+    TrfcTable table(yellowLine());
+    EXPECT_EQ(exploded(table)[0]->colorIndex(), 254);
+    table.setType(kBlockPlanned);
+    EXPECT_EQ(exploded(table)[0]->colorIndex(), 2);
+}
+
+TEST_F(TypedBlock, a_transformation_takes_the_overlay_along) {
+    TrfcTable table(plate(L"a.dwg"));
+    table.setType(kBlockCovered);
+    table.transformBy(AcGeMatrix3d::translation({3.0, 4.0, 0.0}));
+    expectNear(table.position(), {3.0, 4.0, 0.0});
+    expectNear(table.overlay().position(), {3.0, 4.0, 0.0});
+}
+
+TEST_F(TypedBlock, signs_and_lamps_are_made_at_their_place_and_turn) {
+    const TrfcTable table(plate(L"a.dwg"), {1.0, 2.0, 0.0}, kHalfPi);
+    const TrfcLamp lamp(plate(L"l.dwg"), {3.0, 4.0, 0.0}, kHalfPi);
+    expectNear(table.position(), {1.0, 2.0, 0.0});
+    expectNear(table.topPoint(), {-3.0, 2.0, 0.0});
+    EXPECT_DOUBLE_EQ(table.scaleFactor(), 4.0);
+    expectNear(lamp.topPoint(), {1.0, 4.0, 0.0});
+    EXPECT_DOUBLE_EQ(lamp.scaleFactor(), 2.0);
 }
 
 TEST_F(TypedBlock, explodes_with_its_overlay) {
@@ -221,4 +272,45 @@ TEST_F(TypedBlock, a_later_version_asks_for_a_proxy) {
     memory.seek(0, AcDb::kSeekFromStart);
     TrfcTable table;
     EXPECT_EQ(table.dwgInFields(&memory), Acad::eMakeMeProxy);
+}
+
+TEST_F(TypedBlock, a_later_version_of_the_derived_section_asks_for_a_proxy_too) {
+    const TrfcBlock source(plate(L"a.dwg"), {}, 0.0, 1.0);
+    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+    writeTyped(memory, source, 7);
+    memory.writeUInt32(8);
+    memory.seek(0, AcDb::kSeekFromStart);
+    TrfcTable table;
+    EXPECT_EQ(table.dwgInFields(&memory), Acad::eMakeMeProxy);
+    memory.seek(0, AcDb::kSeekFromStart);
+    TrfcLamp lamp;
+    EXPECT_EQ(lamp.dwgInFields(&memory), Acad::eMakeMeProxy);
+}
+
+TEST_F(TypedBlock, a_section_of_version_0_holds_nothing_more) {
+    const TrfcBlock source(plate(L"a.dwg"), {}, 0.0, 1.0);
+    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+    source.dwgOutFields(&memory);
+    memory.writeUInt32(0);
+    memory.writeString(L"what follows");
+    memory.seek(0, AcDb::kSeekFromStart);
+    TrfcTable table;
+    ASSERT_EQ(table.dwgInFields(&memory), Acad::eOk);
+    std::wstring rest;
+    memory.readString(rest);
+    EXPECT_EQ(rest, L"what follows");
+    EXPECT_EQ(table.blockType(), kBlockExisting);
+}
+
+TEST_F(TypedBlock, a_read_overlay_is_fitted_to_its_block) {
+    TrfcTable table(descriptor(L"a.dwg", boxBlock(-1.0, 0.0, 1.0, 3.0)), {5.0, 6.0, 0.0}, 0.5);
+    table.setType(kBlockCovered);
+    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+    table.dwgOutFields(&memory);
+    memory.seek(0, AcDb::kSeekFromStart);
+    TrfcTable copy;
+    ASSERT_EQ(copy.dwgInFields(&memory), Acad::eOk);
+    expectNear(copy.overlay().position(), {5.0, 6.0, 0.0});
+    EXPECT_EQ(copy.overlay().scaleFactors(), AcGeScale3d(8.0, 12.0, 1.0));
+    EXPECT_DOUBLE_EQ(copy.overlay().rotation(), 0.5);
 }

@@ -158,11 +158,58 @@ TEST(XmlParser, a_fault_is_found_by_line_and_column) {
 }
 
 TEST(XmlParser, error_texts_are_fixed_and_others_are_unknown) {
-    EXPECT_STREQ(xmlErrorText(0), L"No error");
-    EXPECT_STREQ(xmlErrorText(12), L"Error: File not found");
-    EXPECT_STREQ(xmlErrorText(21), L"Error: Base64 decode output buffer is too small");
+    const ACHAR* const texts[] = {
+        L"No error",
+        L"Warning: Unmatched end tag",
+        L"Error: No XML data",
+        L"Error: First token not start tag",
+        L"Error: Missing start tag name",
+        L"Error: Missing end tag name",
+        L"Error: Unmatched quote",
+        L"Error: Unmatched end tag",
+        L"Error: Unmatched clear tag end",
+        L"Error: Unexpected token found",
+        L"Error: Invalid tag found",
+        L"Error: No elements found",
+        L"Error: File not found",
+        L"Error: First Tag not found",
+        L"Error: Unknown character entity",
+        L"Error: unable to convert between UNICODE and MultiByte chars",
+        L"Error: unable to open file for writing",
+        L"Error: cannot write into file",
+        L"Warning: Base64-string length is not a multiple of 4",
+        L"Warning: Base64-string is truncated",
+        L"Error: Base64-string contains an illegal character",
+        L"Error: Base64 decode output buffer is too small",
+    };
+    for (int code = 0; code < 22; ++code)
+        EXPECT_STREQ(xmlErrorText(code), texts[code]) << code;
     EXPECT_STREQ(xmlErrorText(22), L"Unknown");
     EXPECT_STREQ(xmlErrorText(-1), L"Unknown");
+}
+
+TEST(XmlParser, a_tag_is_looked_for_among_the_children_of_the_root_and_no_deeper) {
+    EXPECT_STREQ(parseDocument(L"<r><a>1</a><b><c>2</c></b></r>", L"A").textAt(), L"1");
+    XmlParseResult result;
+    EXPECT_TRUE(parseDocument(L"<r><a>1</a><b><c>2</c></b></r>", L"c", &result).isEmpty());
+    EXPECT_EQ(result.code, 13);
+}
+
+TEST(XmlParser, without_a_tag_the_single_root_or_the_whole_file_is_the_result) {
+    EXPECT_STREQ(parseDocument(L"<r><a/></r>", L"").name(), L"r");
+    const XmlDocNode both = parseDocument(L"<r/><s/>", L"");
+    EXPECT_EQ(both.name(), nullptr);
+    EXPECT_EQ(both.childCount(L"s"), 1);
+    EXPECT_TRUE(parseDocument(L"<?xml version=\"1.0\"?><r/>", L"").isDeclaration());
+}
+
+TEST(XmlParser, a_copied_handle_shares_its_element) {
+    XmlDocNode root = parseDocument(L"<a>one</a>", L"a");
+    const XmlDocNode copy = root;
+    root.removeTextAt(0);
+    EXPECT_EQ(copy.textAt(0), nullptr);
+    root = XmlDocNode();
+    EXPECT_FALSE(copy.isEmpty());
 }
 
 TEST(XmlParser, a_hundred_thousand_nested_elements_do_no_harm) {
