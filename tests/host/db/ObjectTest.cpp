@@ -208,6 +208,23 @@ TEST(ExtendedData, goes_with_a_clone) {
     ASSERT_NE(read, nullptr);
     acutRelRb(read);
 }
+TEST(Copies, take_the_content_and_leave_the_object_in_its_drawing) {
+    AcDbDatabase db;
+    const AcDbLine source({1.0, 2.0, 3.0}, {4.0, 5.0, 6.0});
+    AcDbObjectPointer<AcDbLine> line(addLine(db), AcDb::kForWrite);
+    const AcDbHandle handle = line->getAcDbHandle();
+    const AcDbObjectId owner = line->ownerId();
+    EXPECT_EQ(line->copyFrom(&source), Acad::eOk);
+    EXPECT_TRUE(line->startPoint().isEqualTo({1.0, 2.0, 3.0}));
+    EXPECT_EQ(line->getAcDbHandle(), handle);
+    EXPECT_EQ(line->ownerId(), owner);
+}
+TEST(Copies, of_nothing_or_of_another_class_are_refused) {
+    AcDbLine line({1.0, 2.0, 3.0}, {4.0, 5.0, 6.0});
+    EXPECT_EQ(line.copyFrom(nullptr), Acad::eNullObjectPointer);
+    EXPECT_EQ(line.copyFrom(std::make_unique<AcDbCircle>().get()), Acad::eNotThatKindOfClass);
+    EXPECT_TRUE(line.endPoint().isEqualTo({4.0, 5.0, 6.0}));
+}
 TEST(Reactors, are_kept_once) {
     AcDbDatabase db;
     AcDbObjectPointer<AcDbLine> line(addLine(db), AcDb::kForWrite);
