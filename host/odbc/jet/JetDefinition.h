@@ -18,7 +18,7 @@ struct JetColumn {
     std::uint8_t flags = 0, extraFlags = 0;
     std::uint16_t fixedOffset = 0;
     std::uint16_t length = 0;
-    bool fixed() const { return (flags & column::kFixed) != 0; }
+    bool fixed() const { return (flags & columnbit::kFixed) != 0; }
     bool is(ColumnType wanted) const { return type == static_cast<std::uint8_t>(wanted); }
 };
 

@@ -18,13 +18,13 @@ enum class ColumnType : std::uint8_t {
     Bool = 1, Byte, Short, Long, Currency, Single, Double, Date, Binary, Text, Ole, Memo, Guid = 15, Numeric = 16
 };
 
-namespace column {
+namespace columnbit {
 inline constexpr std::uint8_t kFixed = 0x01;    // lies in the fixed part of the row
 inline constexpr std::uint8_t kNullable = 0x02;
 inline constexpr std::uint8_t kSystem = 0x10;
 inline constexpr std::uint8_t kMasked = 0x20;   // the two columns that hold security identifiers
 inline constexpr std::uint8_t kCompressed = 0x01; // in the second byte: compressed Unicode allowed
-} // namespace column
+} // namespace columnbit
 
 // Page 0.
 namespace header {

@@ -197,7 +197,7 @@ void JetRowEncoder::appendVariable(const JetColumnPlan& column, const StoreCell&
 }
 
 void JetRowEncoder::appendText(const JetColumnPlan& column, std::string_view utf8) {
-    const bool compressed = (column.extraFlags & column::kCompressed) != 0;
+    const bool compressed = (column.extraFlags & columnbit::kCompressed) != 0;
     if (!m_text.encode(utf8, compressed ? kMaxTextLength : 0))
         fail(column, "cannot hold text that is no Unicode");
     if (m_text.characters() > column.column.size || m_text.bytes().size() > column.length)

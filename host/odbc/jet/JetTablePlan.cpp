@@ -74,7 +74,7 @@ void layOut(JetTablePlan& plan, const StoreTable& table) {
         planned.length = column.kind == ColumnKind::Text ? static_cast<std::uint16_t>(2 * column.size)
                          : column.kind == ColumnKind::Binary ? column.size
                                                              : fact.length;
-        planned.flags = static_cast<std::uint8_t>(column::kNullable | (fact.fixed ? column::kFixed : 0));
+        planned.flags = static_cast<std::uint8_t>(columnbit::kNullable | (fact.fixed ? columnbit::kFixed : 0));
         planned.variableIndex = plan.variableCount;
         if (!fact.fixed) {
             ++plan.variableCount;
@@ -185,7 +185,7 @@ JetTablePlan planTable(const StoreTable& table) {
             throw StoreError("The column " + quoted(planned.column.name) + " stands twice in " + what + ".");
         checkSizes(planned.column, "the column " + quoted(planned.column.name) + " of " + what);
         if (planned.type == ColumnType::Text || planned.type == ColumnType::Memo)
-            planned.extraFlags = column::kCompressed;
+            planned.extraFlags = columnbit::kCompressed;
     }
     return plan;
 }
@@ -198,7 +198,7 @@ JetTablePlan planSystemTable(const StoreTable& table, std::string_view masked, s
     layOut(plan, table);
     for (JetColumnPlan& planned : plan.columns) {
         appendUtf16(planned.column.name, planned.name);
-        planned.flags = static_cast<std::uint8_t>(planned.flags | (planned.column.name == masked ? column::kMasked | column::kSystem : column::kSystem));
+        planned.flags = static_cast<std::uint8_t>(planned.flags | (planned.column.name == masked ? columnbit::kMasked | columnbit::kSystem : columnbit::kSystem));
     }
     return plan;
 }

@@ -18,7 +18,7 @@ struct JetColumnPlan {
     std::uint16_t variableIndex = 0; // of the column, or of the next variable one behind a fixed column
     std::uint16_t fixedOffset = 0;   // behind the row's first two bytes; fixed columns only
     std::uint16_t length = 0;        // as the definition says it
-    bool fixed() const { return (flags & column::kFixed) != 0; }
+    bool fixed() const { return (flags & columnbit::kFixed) != 0; }
     bool isLong() const { return type == ColumnType::Ole || type == ColumnType::Memo; }
 };
 

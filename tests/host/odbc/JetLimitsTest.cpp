@@ -1,0 +1,101 @@
+// What an Access file cannot hold is refused with one sentence that says so.
+#include "JetTestSupport.h"
+#include "jet/JetWriter.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using namespace odbc;
+using namespace jettest;
+
+namespace {
+std::string writeError(const Table& table) {
+    return errorOf([&] { write(newFile(), {table}); });
+}
+std::string cellError(const StoreColumn& column, const Cell& cell) { return writeError({{"T", {column}}, {{cell}}}); }
+} // namespace
+
+TEST(JetLimits, text_longer_than_its_column) {
+    EXPECT_EQ(cellError(text("NEV"), std::string(256, 'x')), "The column \"NEV\" of the table \"T\" cannot hold text of more than 255 characters.");
+    EXPECT_EQ(cellError(text("NEV", 3), "őűőű"), "The column \"NEV\" of the table \"T\" cannot hold text of more than 3 characters.");
+}
+TEST(JetLimits, text_that_is_no_unicode) {
+    EXPECT_EQ(cellError(text("NEV"), "\xFF\xFE"), "The column \"NEV\" of the table \"T\" cannot hold text that is no Unicode.");
+    EXPECT_EQ(cellError(column("M", ColumnKind::Memo), "a\xC3"), "The column \"M\" of the table \"T\" cannot hold text that is no Unicode.");
+}
+TEST(JetLimits, names_longer_than_64_characters) {
+    const std::string longName(65, 'N');
+    EXPECT_NE(writeError({{longName, {number("ID")}}, {}}).find("longer than the 64 characters"), std::string::npos);
+    EXPECT_NE(writeError({{"T", {number(longName)}}, {}}).find("longer than the 64 characters"), std::string::npos);
+    std::string wide;
+    for (int i = 0; i < 64; ++i)
+        wide += "Ő";
+    expectComesBack({{{wide, {number(wide)}}, {{1.0}}}});
+}
+TEST(JetLimits, more_than_255_columns) {
+    Table table{{"T", {}}, {}};
+    for (int i = 0; i < 256; ++i)
+        table.shape.columns.push_back(number("C" + std::to_string(i)));
+    EXPECT_EQ(writeError(table), "There are more columns in the table \"T\" than the 255 that Access allows.");
+}
+TEST(JetLimits, a_row_longer_than_a_page) {
+    Table table{{"T", {}}, {{}}};
+    for (int i = 0; i < 20; ++i) {
+        table.shape.columns.push_back(text("C" + std::to_string(i)));
+        table.rows[0].push_back(std::string(255, 'x'));
+    }
+    EXPECT_EQ(writeError(table), "A row of the table \"T\" is longer than the 4,060 bytes that an Access table allows.");
+}
+TEST(JetLimits, names_that_stand_twice) {
+    EXPECT_EQ(writeError({{"T", {number("nev"), text("NEV")}}, {}}), "The column \"NEV\" stands twice in the table \"T\".");
+    EXPECT_EQ(errorOf([] { write(newFile(), {{{"Ős", {number("ID")}}, {}}, {{"ŐS", {number("ID")}}, {}}}); }),
+              "There are two tables with the name \"ŐS\".");
+    EXPECT_EQ(writeError({{"msysobjects", {number("ID")}}, {}}), "There are two tables with the name \"msysobjects\".");
+}
+TEST(JetLimits, names_that_are_empty_or_cannot_be_sorted) {
+    EXPECT_EQ(writeError({{"", {number("ID")}}, {}}), "The name of a table is empty.");
+    EXPECT_EQ(writeError({{"T", {number("")}}, {}}), "The name of a column of the table \"T\" is empty.");
+    EXPECT_EQ(writeError({{"T", {}}, {}}), "There is no column in the table \"T\".");
+    EXPECT_EQ(writeError({{"Таблица", {number("ID")}}, {}}),
+              "The table name \"Таблица\" holds a character that the index of an Access file cannot sort.");
+}
+TEST(JetLimits, values_outside_their_columns) {
+    using enum ColumnKind;
+    const std::string head = "The column \"C\" of the table \"T\" cannot hold ";
+    EXPECT_EQ(cellError(column("C", Byte), 256), head + "the value 256.");
+    EXPECT_EQ(cellError(column("C", Short), -32769), head + "the value -32769.");
+    EXPECT_EQ(cellError(column("C", Long), std::int64_t{2147483648}), head + "the value 2147483648.");
+    EXPECT_EQ(cellError(column("C", Long), 1.5), head + "a value that is no whole number.");
+    EXPECT_EQ(cellError(column("C", Double), "1"), head + "a value that is no number.");
+    EXPECT_EQ(cellError(column("C", Single), 1e39), head + "so large a number.");
+    EXPECT_EQ(cellError(column("C", Currency), "922337203685477.5808"), head + "\"922337203685477.5808\" as an amount of money.");
+    EXPECT_EQ(cellError(decimal("C", 4, 2), "100.00"), head + "\"100.00\" as a number of its precision.");
+    EXPECT_EQ(cellError(column("C", Guid), "{nem}"), head + "a value that is no GUID.");
+    EXPECT_EQ(cellError(column("C", Binary, 2), Cell::blob("abc")), head + "more than 2 bytes.");
+    EXPECT_EQ(cellError(text("C"), 1.0), head + "a value that is no text.");
+}
+TEST(JetLimits, sizes_that_no_column_has) {
+    EXPECT_EQ(writeError({{"T", {text("C", 256)}}, {}}), "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
+    EXPECT_EQ(writeError({{"T", {text("C", 0)}}, {}}), "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
+    EXPECT_NE(writeError({{"T", {decimal("C", 29, 0)}}, {}}).find("1 to 28 digits"), std::string::npos);
+}
+TEST(JetLimits, numbers_of_another_type_are_taken_where_nothing_is_lost) {
+    using enum ColumnKind;
+    const std::string path = newFile();
+    write(path, {{{"T", {number("d"), column("l", Long), column("c", Currency), decimal("n", 10, 2), column("date", Date), column("b", Bool)}},
+                  {{7, 7.0, 12.5, "3.005", 40000, -1}}}});
+    expectSame(read(path), {{{"T", {number("d"), column("l", Long), column("c", Currency), decimal("n", 10, 2), column("date", Date), column("b", Bool)}},
+                             {{7.0, 7, "12.5000", "3.01", 40000.0, 1}}}});
+}
+TEST(JetLimits, a_file_that_cannot_be_made) {
+    EXPECT_NE(errorOf([] { JetWriter writer(newFile() + "/none/test.mdb"); }).find("could not be created"), std::string::npos);
+}
+TEST(JetLimits, a_full_disk) {
+    if (::access("/dev/full", W_OK) != 0)
+        GTEST_SKIP() << "there is no /dev/full here";
+    const std::string error = errorOf([] {
+        JetWriter writer("/dev/full");
+        writer.finish();
+    });
+    EXPECT_EQ(error, "The file \"/dev/full\" could not be written: the disk is full.");
+}
