@@ -2,6 +2,7 @@
 
 #include "JetCheckIndex.h"
 #include "JetDecoder.h"
+#include "JetInternal.h"
 #include "store/StoreTable.h"
 
 #include <functional>
@@ -243,11 +244,13 @@ void Checker::checkPages() {
 }
 } // namespace
 
+std::vector<JetViolation> jet::checkRules(const JetFile& file) { return Checker(file).run(); }
+
 std::vector<JetViolation> checkJet(const std::string& path) {
     const JetFile file(path);
     if (file.jet3())
         throw StoreError("The file \"" + path + "\" is of Jet 3 (Access 97); only the rules of Jet 4 are known here.");
-    return Checker(file).run();
+    return checkRules(file);
 }
 
 } // namespace odbc

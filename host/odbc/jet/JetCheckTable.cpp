@@ -277,18 +277,17 @@ void JetCheckTable::checkDataPage(std::uint32_t number, std::uint32_t& count) {
             }
             slot = targets[pointer & 0xFF];
         }
-        checkRow(at, i, slot.bytes);
-        if (m_definition.realIndexes != 0)
+        if (checkRow(at, i, slot.bytes) && m_definition.realIndexes != 0)
             m_rows[number << 8 | static_cast<std::uint32_t>(i)].assign(slot.bytes.begin(), slot.bytes.end());
     }
 }
 
-void JetCheckTable::checkRow(std::uint32_t page, std::size_t number, std::span<const std::uint8_t> row) {
+bool JetCheckTable::checkRow(std::uint32_t page, std::size_t number, std::span<const std::uint8_t> row) {
     const std::string what = "Row " + std::to_string(number) + " of the page ";
     const std::size_t columns = row.size() < 2 ? 0 : get16(row.data()), mask = (columns + 7) / 8;
     if (row.size() < 2 + mask || columns == 0 || columns > m_definition.maxColumns) {
         report(page, what + "has a number of columns that the table does not have.");
-        return;
+        return false;
     }
     std::size_t fixedEnd = 2;
     bool variable = false;
@@ -303,19 +302,19 @@ void JetCheckTable::checkRow(std::uint32_t page, std::size_t number, std::span<c
     if (!variable) {
         if (fixedEnd > end)
             report(page, what + "is too short for its fixed columns.");
-        return;
+        return fixedEnd <= end;
     }
     const std::size_t count = end < 4 ? SIZE_MAX : get16(row.data() + end - 2);
     if (count > m_definition.variableColumns || end < fixedEnd + 4 + 2 * count) {
         report(page, what + "has a table of offsets that does not fit.");
-        return;
+        return false;
     }
     std::size_t before = fixedEnd;
     for (std::size_t i = 0; i <= count; ++i) {
         const std::size_t offset = get16(row.data() + end - 4 - 2 * i);
         if (offset < before || offset > end - 4 - 2 * count) {
             report(page, what + "has offsets of variable columns that do not rise.");
-            return;
+            return false;
         }
         before = offset;
     }
@@ -329,7 +328,7 @@ void JetCheckTable::checkRow(std::uint32_t page, std::size_t number, std::span<c
             checkLongValue(page, column, *bytes);
         else if (bytes && column.is(ColumnType::Binary) && bytes->size() > column.length)
             report(page, "A value of the column \"" + column.name + "\" is longer than the column.");
-    }
+    }    return true;
 }
 
 std::optional<std::span<const std::uint8_t>> JetCheckTable::value(std::span<const std::uint8_t> row, const JetColumn& column) const {

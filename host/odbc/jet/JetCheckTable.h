@@ -30,10 +30,10 @@ public:
     const JetColumn* column(std::uint16_t number) const;
     const JetColumn* column(std::string_view name) const;
     const std::vector<JetCheckIndex>& indexes() const { return m_indexes; }
-    // The rows by their pointers. Kept only where something asks for them: indexes, the catalogue.
+    // The rows that make sense, by their pointers. Kept only for tables with indexes.
     const std::map<std::uint32_t, std::vector<std::uint8_t>>& rows() const { return m_rows; }
 
-    // The bytes of a value in a row; nothing where it is null or the row makes no sense.
+    // The bytes of a value in a row that makes sense; nothing where it is null.
     std::optional<std::span<const std::uint8_t>> value(std::span<const std::uint8_t> row, const JetColumn& column) const;
 
 private:
@@ -48,7 +48,8 @@ private:
     void readTail();
     void checkRows();
     void checkDataPage(std::uint32_t number, std::uint32_t& count);
-    void checkRow(std::uint32_t page, std::size_t number, std::span<const std::uint8_t> row);
+    // False where the row makes no sense; value() is for rows that do.
+    bool checkRow(std::uint32_t page, std::size_t number, std::span<const std::uint8_t> row);
     void checkText(std::uint32_t page, const JetColumn& column, std::span<const std::uint8_t> text);
     void checkLongMaps();
     void checkLongValue(std::uint32_t page, const JetColumn& column, std::span<const std::uint8_t> inRow);

@@ -1,7 +1,7 @@
 #include "JetReader.h"
 
 #include "JetDecoder.h"
-#include "JetReaderInternal.h"
+#include "JetInternal.h"
 #include "JetRows.h"
 #include "JetValues.h"
 

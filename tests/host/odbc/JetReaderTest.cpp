@@ -1,6 +1,6 @@
 // Files that cannot be read, files that are damaged, and what Access leaves in files it saved again.
 #include "JetTestSupport.h"
-#include "jet/JetReaderInternal.h"
+#include "jet/JetInternal.h"
 #include "jet/JetRows.h"
 
 #include <filesystem>
