@@ -20,6 +20,7 @@ public:
     QStandardItem* cell(int row, int column);
     void setPicture(QStandardItem& item, int image);
     void refreshPictures();
+    void layOutNow() const;                     // what the table has put off
     QRect rowRect(int row) const;               // client coordinates
     QRect cellRect(int row, int column) const;
     QModelIndex indexAt(QPoint client) const;   // of the cell under the point
@@ -44,7 +45,6 @@ private:
     void buildIcons();
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
     void tell(int row, UINT fresh, UINT old);
-    void layOutNow() const; // what the widget has put off
 
     QStandardItemModel mModel;
     QAbstractItemView* mView = nullptr;

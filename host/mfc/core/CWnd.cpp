@@ -71,11 +71,26 @@ int CWnd::GetWindowTextLength() const {
     return text.GetLength();
 }
 
+namespace {
+// The enabled windows of their own that a window owns. The toolkit disables them with their owner; here
+// they stay as they are: a job's window is open over the window that it keeps from the user.
+std::vector<QWidget*> enabledWindowsOf(const QWidget& owner) {
+    std::vector<QWidget*> windows;
+    for (QWidget* child : owner.findChildren<QWidget*>())
+        if (child->isWindow() && child->isEnabled())
+            windows.push_back(child);
+    return windows;
+}
+} // namespace
+
 BOOL CWnd::EnableWindow(BOOL enable) {
     if (!IsWindow())
         return FALSE;
-    const bool wasDisabled = !mWindow->widget->testAttribute(Qt::WA_Disabled) ? false : true;
+    const bool wasDisabled = mWindow->widget->testAttribute(Qt::WA_Disabled);
+    const std::vector<QWidget*> owned = enabledWindowsOf(*mWindow->widget);
     mWindow->widget->setEnabled(enable != FALSE);
+    for (QWidget* window : owned)
+        window->setEnabled(true);
     return wasDisabled ? TRUE : FALSE;
 }
 

@@ -2,6 +2,7 @@
 #include "AcPath.h"
 #include "AcUtText.h"
 #include "AfxDialogDriver.h"
+#include "controls/AfxListWidget.h"
 #include "core/AfxDispatch.h"
 #include "core/AfxWindow.h"
 #include "core/QtText.h"
@@ -33,6 +34,9 @@ std::wstring cancel(CDialog& dialog) {
 }
 
 std::wstring shot(const CDialog& dialog, const std::wstring& file) {
+    for (const CWnd* control : afxControlsOf(dialog))
+        if (const auto* list = afxWidgetAs<AfxListWidget>(*control))
+            list->layOutNow();
     const QPixmap picture = dialog.window()->widget->grab();
     return picture.save(toQt(acFromUtf8(acFileSystemPath(file)))) ? L"" : L"the picture cannot be saved";
 }

@@ -224,6 +224,23 @@ TEST_F(Dialogs, enabling_and_showing_follow_the_parents) {
     EXPECT_TRUE(user.refusals.empty());
 }
 
+TEST_F(Dialogs, a_window_that_another_owns_stays_enabled_without_its_owner) {
+    DialogScript user;
+    SampleDialog owner, owned, disabled;
+    ASSERT_TRUE(owner.Create(static_cast<UINT>(IDD_SAMPLE)));
+    ASSERT_TRUE(owned.Create(static_cast<UINT>(IDD_SAMPLE), &owner));
+    ASSERT_TRUE(disabled.Create(static_cast<UINT>(IDD_SAMPLE), &owner));
+    disabled.EnableWindow(FALSE);
+    owner.EnableWindow(FALSE);
+    EXPECT_FALSE(owner.GetDlgItem(IDC_NAME)->IsWindowEnabled());
+    EXPECT_TRUE(owned.GetDlgItem(IDC_NAME)->IsWindowEnabled());
+    EXPECT_FALSE(disabled.IsWindowEnabled());
+    owner.EnableWindow(TRUE);
+    EXPECT_TRUE(owner.GetDlgItem(IDC_NAME)->IsWindowEnabled());
+    EXPECT_FALSE(disabled.IsWindowEnabled()) << "it was disabled by itself";
+    owner.DestroyWindow();
+}
+
 TEST_F(Dialogs, without_lines_or_a_loop_a_dialog_is_cancelled) {
     AfxInitToolkit(true);
     std::wstring printed;
