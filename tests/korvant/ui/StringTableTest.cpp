@@ -36,6 +36,6 @@ TEST(StringTable, holds_the_titles_of_property_pages) {
 
 TEST(DialogTemplates, stand_under_their_numbers) {
     DialogUser user;
-    for (const UINT id : {103u, 144u, 207u, 210u, 211u, 220u, 221u, 341u})
+    for (const UINT id : {103u, 144u, 207u, 210u, 211u, 220u, 221u, 222u, 224u, 317u, 341u, 343u})
         EXPECT_TRUE(AfxHasDialogTemplate(id)) << id;
 }
