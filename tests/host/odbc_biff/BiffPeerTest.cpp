@@ -127,7 +127,7 @@ std::vector<Table> hardTables(bool neighbours = true) {
     return tables;
 }
 
-// Texts that go over many records, which libfreexl cannot follow.
+// The longest texts, which go over many records; libfreexl gives an empty workbook for them.
 std::vector<Table> longestTexts() {
     Table texts{{"HOSSZU", {column("A", ColumnKind::Memo)}}, {{std::string(32767, 'z')}}};
     std::string wide;
