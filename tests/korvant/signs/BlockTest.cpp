@@ -360,9 +360,28 @@ TEST_F(Block, offers_three_grips_in_order) {
     expectNear(grips.at(1)->gripPoint(), {1.0, 3.0, 0.0});
     expectNear(grips.at(2)->gripPoint(), {1.0, 2.0, 0.0});
     expectNear(grips.dataOf(L"grip2").vector, {0.0, -1.0, 0.0});
-    EXPECT_TRUE(grips.at(2)->isRubberBandLineDisabled());
-    EXPECT_NE(grips.at(2)->hotGripFunc(), nullptr);
-    EXPECT_NE(grips.at(1)->worldDraw(), nullptr);
+}
+
+TEST_F(Block, only_its_third_grip_is_a_command_and_the_second_has_an_arrow) {
+    const TrfcBlock block(plate(L"a.dwg"), {1.0, 1.0, 0.0}, 0.0, 2.0);
+    const Grips grips(block);
+    for (int i = 0; i < 3; ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(grips.at(i)->gripOpStatFunc(), nullptr);
+        EXPECT_EQ(grips.at(i)->hotGripFunc() != nullptr, i == 2);
+        EXPECT_EQ(grips.at(i)->bitFlags(), i == 2 ? 2u : 0u); // the rubber band is off
+    }
+    EXPECT_EQ(grips.at(0)->worldDraw(), nullptr);
+    const auto glyphOf = [&](int i) {
+        GiDisplayListBuilder builder;
+        EXPECT_TRUE(grips.at(i)->worldDraw()(grips.at(i), &builder.worldDraw(), AcDbObjectId(), AcDbGripOperations::kWarmGrip, nullptr, 0.5));
+        return giRecord(builder.list(), GiNamer());
+    };
+    GiDisplayListBuilder arrow, bar;
+    drawGripArrowBent(&arrow.worldDraw(), arrow.worldDraw().geometry(), 0, {1.0, 3.0, 0.0}, 0.5, {0.0, -1.0, 0.0});
+    drawGripBar(&bar.worldDraw(), bar.worldDraw().geometry(), 0, {1.0, 2.0, 0.0}, 0.5);
+    EXPECT_EQ(glyphOf(1), giRecord(arrow.list(), GiNamer()));
+    EXPECT_EQ(glyphOf(2), giRecord(bar.list(), GiNamer()));
 }
 
 TEST_F(Block, grip1_moves_and_grip2_turns) {

@@ -88,6 +88,7 @@ TEST_F(PostGrips, hooks_and_flags_follow_the_kind_of_grip) {
         EXPECT_EQ(grip->hotGripFunc() != nullptr, row.hot);
         EXPECT_EQ(grip->isRubberBandLineDisabled(), row.noRubberBand);
         EXPECT_EQ(grip->areModeKeywordsDisabled(), row.noKeywords);
+        EXPECT_EQ(grip->bitFlags(), (row.noRubberBand ? 2u : 0u) | (row.noKeywords ? 4u : 0u));
     }
 }
 
