@@ -55,6 +55,16 @@ void TrfcBlock::measure() {
     }
 }
 
+// A size of 0, which a setting may have, leaves nothing that could be multiplied.
+void TrfcBlock::measureAgain() {
+    const AcGePoint3d at = mBlockRef.position();
+    const double turn = mBlockRef.rotation();
+    measure();
+    mBlockRef.setPosition(at);
+    mBlockRef.setRotation(turn);
+    updateUp();
+}
+
 void TrfcBlock::updateUp() {
     mUpVector = turned(AcGeVector3d::kYAxis, mBlockRef.rotation()) * mDirection;
 }
@@ -115,8 +125,10 @@ void TrfcBlock::setScaleFactor(double factor) {
     assertWriteEnabled();
     const double oldScale = scaleFactor(), newScale = factor * mUniqueScale;
     if (newScale != oldScale) {
+        if (oldScale == 0.0)
+            measureAgain();
         mBlockRef.setScaleFactors(AcGeScale3d(newScale));
-        resize(newScale / oldScale);
+        resize(oldScale == 0.0 ? newScale : newScale / oldScale);
     }
     regen();
 }
@@ -129,7 +141,8 @@ void TrfcBlock::setReferenceScale(double factor) {
 void TrfcBlock::setUniqueScaleFactor(double factor) {
     assertWriteEnabled();
     if (factor != mUniqueScale) {
-        const double ratio = factor / mUniqueScale;
+        // From 0 there is no way back but through the next setScaleFactor, which knows the size of the kind.
+        const double ratio = mUniqueScale != 0.0 ? factor / mUniqueScale : 0.0;
         mBlockRef.setScaleFactors(AcGeScale3d(scaleFactor() * ratio));
         mUniqueScale = factor;
         resize(ratio);

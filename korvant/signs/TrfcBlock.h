@@ -77,6 +77,7 @@ protected:
 private:
     template <class Self, class Fields> static void plainFields(Self& self, Fields&& field);
     void measure();
+    void measureAgain();
     void resize(double ratio);
     void makeAttributes();
     void makeAttribute(const AcDbAttributeDefinition& definition, AcDbObjectId id);

@@ -92,7 +92,7 @@ void TrfcPost::setPointD(const AcGePoint3d& point, bool constrain) {
     if (constrain) {
         const AcGeLine3d axis(mPointA, mVectorAB);
         const double distance = axis.distanceTo(mPointD);
-        mHasBend = radius() < distance;
+        mHasBend = radius() < distance && canBend();
         if (mHasBend) {
             bendTowardsD(distance);
         } else {
@@ -103,6 +103,12 @@ void TrfcPost::setPointD(const AcGePoint3d& point, bool constrain) {
     }
     mSignChain.setPosition(mPointD);
     raisePhase(4);
+}
+
+// An arm that leaves B straight on or straight back never comes to D's distance from the post's axis.
+bool TrfcPost::canBend() const {
+    constexpr double kLeastSine = 1e-9;
+    return std::abs(std::sin(mBendAngle)) > kLeastSine;
 }
 
 // C on the line at the bend angle from B, on D's side and at D's distance from the post's axis.

@@ -123,6 +123,7 @@ private:
     void readSizes();
     void raisePhase(int phase);
     void updateRotation();
+    bool canBend() const;
     void bendTowardsD(double distance);
     void keepArmForward();
     void rotateScale(double angle);

@@ -4,6 +4,7 @@
 #include "AcDbDatabase.h"
 #include "AcEdAds.h"
 #include "AcEdCommandStack.h"
+#include "CTrfcSignsARXApp.h"
 #include "TestSupport.h"
 #include "TrfcAppSettings.h"
 #include "TrfcScaleTracking.h"
@@ -11,7 +12,9 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace {
 class Commands : public testing::Test {
@@ -69,6 +72,38 @@ private:
     AcPrintSink mEarlierSink;
 };
 } // namespace
+
+// ---- the tables
+
+TEST_F(Commands, have_their_global_and_local_names_in_order) {
+    const std::pair<const wchar_t*, const wchar_t*> names[] = {
+        {L"TrfcPost", L"KVO"},          {L"TrfcScaleOFF", L"KVSCALEOFF"}, {L"TrfcScaleON", L"KVSCALEON"},
+        {L"TrfcCrossWalk", L"KVZ"},     {L"TrfcSzerkeszt", L"KVTF"},      {L"TrfcSettings", L"KVB"},
+        {L"TrfcPPair", L"KVK"},         {L"TrfcHelp", L"KVS"},            {L"TrfcAbout", L"KVN"},
+        {L"TrfcExport", L"KVEXP"},      {L"TrfcQuantityExport", L"KVQ"},  {L"TrfcXMLExport", L"KVSDF"},
+        {L"TrfcStateChange", L"KVST"},  {L"TrfcCheck", L"KVELL"},         {L"TrfcBlock", L"KVBLOKK"},
+        {L"TrfcImport", L"KVIMP"},      {L"TrfcPostSettings", L"KVT"},    {L"TrfcCrossWalkSettings", L"KVTS"},
+        {L"TrfcCrossWalk", L"KVG"},
+    };
+    ASSERT_EQ(kCommandCount, std::size(names));
+    for (std::size_t i = 0; i < kCommandCount; ++i) {
+        EXPECT_STREQ(kCommandRows[i].globalName, names[i].first);
+        EXPECT_STREQ(kCommandRows[i].localName, names[i].second);
+    }
+}
+
+TEST_F(Commands, custom_classes_are_registered_in_their_order) {
+    std::vector<std::wstring> order = {L"TrfcCrossWalk", L"TrfcTable",      L"TrfcBlockEnt", L"TrfcLamp",       L"TrfcPost",
+                                       L"TrfcBlockChain", L"TrfcBlock",     L"TrfcPostPair", L"TrfcTypedBlock", L"TrfcScalable"};
+    for (const AcRxClassRow& row : trfcClassRows())
+        row.rxInit();
+    auto at = order.begin();
+    for (const AcRxClassRow& row : trfcClassRows()) {
+        at = std::find(at, order.end(), row.desc()->name());
+        ASSERT_NE(at, order.end()) << acToUtf8(row.desc()->name()) << " stands out of order";
+        ++at;
+    }
+}
 
 // ---- the type of a crossing
 

@@ -69,3 +69,14 @@ TEST_F(EditorReactors, the_diagnostic_names_the_document_of_each_event) {
                        L"\r\nDokumentum neve (documentToBeActivated): C:\\rajzok\\út.dwg\r\n"
                        L"\r\nDokumentum neve (documentActivated): C:\\rajzok\\út.dwg\r\n");
 }
+
+TEST_F(EditorReactors, a_documents_record_goes_with_it) {
+    Document first, second;
+    AcApDataManager<CDocData> data;
+    CDocData& record = data.docData(&first);
+    data.docData(&second);
+    EXPECT_EQ(&data.docData(&first), &record);
+    EXPECT_EQ(data.size(), 2u);
+    data.documentToBeDestroyed(&first);
+    EXPECT_EQ(data.size(), 1u);
+}

@@ -122,6 +122,19 @@ TEST_F(BlockChain, regeneration_takes_changed_settings_to_every_block) {
     expectLaidWithoutGap(chain);
 }
 
+TEST_F(BlockChain, signs_come_back_when_a_size_of_0_is_mended_in_the_settings) {
+    fill(chain, {L"a", L"b"});
+    fillDown(chain, {L"c"});
+    TrfcDocSettings::setDocDouble(DOC_EXISTING_TABLE_D, 0.0);
+    chain.regen();
+    expectNear(chain.ptTop(), chain.position());
+    TrfcDocSettings::setDocDouble(DOC_EXISTING_TABLE_D, 0.008);
+    chain.regen();
+    expectNear(chain.ptTop(), {0.0, 8.0, 0.0});
+    expectNear(chain.ptBottom(), {0.0, -4.0, 0.0});
+    expectLaidWithoutGap(chain);
+}
+
 TEST_F(BlockChain, a_change_of_state_or_size_closes_the_list_up) {
     fill(chain, {L"a", L"b", L"c"});
     EXPECT_EQ(chain.setBlockType(0, kBlockPlanned), Acad::eOk);

@@ -103,6 +103,38 @@ TEST_F(Block, a_changed_unique_scale_replaces_the_earlier_one) {
     expectNear(block.topPoint(), {0.0, 2.0, 0.0});
 }
 
+TEST_F(Block, a_symbol_shrunk_to_nothing_comes_back_with_its_size) {
+    for (const auto& [bottom, top, direction] : {std::tuple(0.0, 3.0, 1), std::tuple(-3.0, 0.0, -1)}) {
+        TrfcBlock block(descriptor(L"a.dwg", boxBlock(-1.0, bottom, 1.0, top)), {5.0, 6.0, 0.0}, kHalfPi, 2.0);
+        block.setScaleFactor(0.0);
+        EXPECT_DOUBLE_EQ(block.height(), 0.0);
+        block.setScaleFactor(4.0);
+        EXPECT_DOUBLE_EQ(block.width(), 8.0);
+        EXPECT_DOUBLE_EQ(block.height(), 12.0);
+        EXPECT_EQ(block.direction(), direction);
+        expectNear(block.position(), {5.0, 6.0, 0.0});
+        expectNear(block.topPoint(), {5.0 - 12.0 * direction, 6.0, 0.0});
+    }
+}
+
+TEST_F(Block, a_symbol_made_without_a_size_gets_one_later) {
+    TrfcBlock block(plate(L"a.dwg"), {1.0, 1.0, 0.0}, 0.0, 0.0);
+    block.setUniqueScaleFactor(2.0);
+    block.setScaleFactor(3.0);
+    EXPECT_DOUBLE_EQ(block.scaleFactor(), 6.0);
+    EXPECT_DOUBLE_EQ(block.width(), 6.0);
+    expectNear(block.topPoint(), {1.0, 7.0, 0.0});
+}
+
+TEST_F(Block, a_unique_scale_of_0_ends_with_the_next_scale) {
+    TrfcBlock block(plate(L"a.dwg"), {}, 0.0, 3.0);
+    block.setUniqueScaleFactor(0.0);
+    block.setUniqueScaleFactor(2.0);
+    block.setScaleFactor(3.0);
+    EXPECT_DOUBLE_EQ(block.scaleFactor(), 6.0);
+    EXPECT_DOUBLE_EQ(block.height(), 6.0);
+}
+
 TEST_F(Block, the_box_of_a_hanging_turned_symbol_runs_along_its_direction) {
     const TrfcBlock block(descriptor(L"a.dwg", boxBlock(-0.5, -3.0, 0.5, 0.0)), {}, kHalfPi, 1.0);
     AcGePoint3dArray corners;

@@ -126,6 +126,28 @@ TEST_F(Post, a_D_within_the_foots_radius_of_the_axis_lies_on_it) {
     expectNear(post.pointC(), post.pointB());
 }
 
+TEST_F(Post, without_a_bend_angle_the_arm_stays_on_the_axis) {
+    for (const wchar_t* degrees : {L"0.0", L"180.0", L"-180.0"}) {
+        set(DOC_POST_ALPHA0, degrees);
+        TrfcPost post;
+        post.setPointB({0.0, 10.0, 0.0});
+        post.setPointD({6.0, 20.0, 0.0}, true);
+        EXPECT_FALSE(post.hasBend());
+        expectNear(post.pointC(), post.pointB());
+        expectNear(post.pointD(), {0.0, 20.0, 0.0});
+    }
+}
+
+TEST_F(Post, a_negative_bend_angle_bends_to_D_all_the_same) {
+    set(DOC_POST_ALPHA0, L"-45.0");
+    for (const double x : {-6.0, 6.0}) {
+        TrfcPost post;
+        post.setPointB({0.0, 10.0, 0.0});
+        post.setPointD({x, 20.0, 0.0}, true);
+        expectNear(post.pointC(), {x, 16.0, 0.0});
+    }
+}
+
 TEST_F(Post, a_D_back_along_the_post_becomes_the_shortest_arm) {
     TrfcPost post;
     post.setPointB({0.0, 10.0, 0.0});
