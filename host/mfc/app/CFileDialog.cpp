@@ -14,6 +14,7 @@
 #include <QFileDialog>
 
 namespace {
+constexpr int kMostRefusals = 3; // as at every other prompt
 constexpr int kNameId = 1148; // the number that the system's own dialog gives its name field
 
 std::wstring baseName(const std::wstring& path) {
@@ -120,6 +121,7 @@ INT_PTR CFileDialog::DoModal() {
         mPath = completed(acHostPath(chosen.toStdString()), folder, mExtension.text());
         return IDOK;
     }
+    int refusals = 0;
     for (std::wstring name = mFileName.text();;) {
         if (driver == nullptr || !driver->askFilePath(caption + L" <" + name + L">: ", name)) {
             if (!askInWindow(caption, mParent, name))
@@ -132,7 +134,10 @@ INT_PTR CFileDialog::DoModal() {
         const bool replaces = !mOpen && (m_ofn.Flags & OFN_OVERWRITEPROMPT) != 0 && isFile(path);
         if (mustExist && !isFile(path)) {
             acutPrintf(L"A fájl nem található: %s\n", path.c_str());
-            continue;
+            if (driver == nullptr || ++refusals < kMostRefusals)
+                continue;
+            driver->refuseDialogLine(caption + L": " + path + L" cannot be found"); // a script would give all its lines
+            return IDCANCEL;
         }
         if (replaces && AfxMessageBoxOf(mParent, (path + L"\nA fájl már létezik. Lecseréli?").c_str(), caption.c_str(), MB_YESNO | MB_ICONWARNING) != IDYES)
             return IDCANCEL;

@@ -18,7 +18,15 @@ AfxTreeWidget::AfxTreeWidget(DWORD style, QWidget* parent) : QTreeWidget(parent)
     setHeaderHidden(true);
     setRootIsDecorated((style & (TVS_LINESATROOT | TVS_HASBUTTONS)) != 0);
     setExpandsOnDoubleClick(true);
+    // A label wider than the tree is reached by scrolling; a shorter one has the tree's whole width.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* now, QTreeWidgetItem* before) { changed(now, before); });
+}
+
+void AfxTreeWidget::resizeEvent(QResizeEvent* event) {
+    header()->setMinimumSectionSize(viewport()->width());
+    QTreeWidget::resizeEvent(event);
 }
 
 void AfxTreeWidget::setPictures(QTreeWidgetItem& item, int image, int selectedImage) {

@@ -19,6 +19,9 @@ public:
     static constexpr int kSelectedRole = Qt::UserRole + 2;
     static constexpr int kDataRole = Qt::UserRole + 3;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void showPicture(QTreeWidgetItem* item);
     void changed(QTreeWidgetItem* now, QTreeWidgetItem* before);

@@ -2,6 +2,12 @@
 #include "CStatic.h"
 #include "SampleDialog.h"
 
+#include "AfxApp.h"
+#include "core/AfxWindow.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTreeWidget>
 #include <chrono>
 
 namespace {
@@ -76,6 +82,18 @@ TEST_F(Controls, a_cell_is_found_by_its_place) {
         hit.pt = CPoint(5, 2);
         EXPECT_EQ(d.list.SubItemHitTest(&hit), -1) << "the header is no row";
         EXPECT_FALSE(d.list.GetItemRect(9, row));
+    });
+}
+
+TEST_F(Controls, a_label_wider_than_its_tree_is_reached_by_scrolling) {
+    with([](SampleDialog& d) {
+        auto* const tree = afxWidget<QTreeWidget>(d.tree);
+        AfxPumpMessages();
+        EXPECT_EQ(tree->horizontalScrollBar()->maximum(), 0);
+        EXPECT_EQ(tree->header()->sectionSize(0), tree->viewport()->width());
+        d.tree.InsertItem(L"Egy olyan hosszú nevű fájl, amelynek a neve nem fér el a fa szélességében.dwg");
+        AfxPumpMessages();
+        EXPECT_GT(tree->horizontalScrollBar()->maximum(), 0);
     });
 }
 

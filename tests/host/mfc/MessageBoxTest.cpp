@@ -76,6 +76,17 @@ TEST(FileDialogs, a_missing_file_is_asked_again_and_an_empty_answer_cancels) {
     EXPECT_TRUE(holds(user.printed, L"A fájl nem található"));
 }
 
+TEST(FileDialogs, the_third_missing_file_ends_the_run) {
+    DialogScript user;
+    user.asksForPaths = true;
+    user.paths = {L"\\none\\x.ini", L"\\none\\y.ini", L"\\none\\z.ini", L"\\none\\never.ini"};
+    CFileDialog dialog(TRUE, L"ini", nullptr, OFN_FILEMUSTEXIST);
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(user.prompts.size(), 3u);
+    ASSERT_EQ(user.refusals.size(), 1u);
+    EXPECT_TRUE(holds(user.refusals[0], L"z.ini"));
+}
+
 TEST(FileDialogs, saving_over_a_file_asks_first) {
     const std::wstring file = testTempDir() + L"\\list.txt";
     touch(file);

@@ -96,6 +96,10 @@ Acad::ErrorStatus readDrawing(AcDbDatabase& db, const ACHAR* path, std::wstring&
         error = L"no such file";
         return Acad::eFileNotFound;
     }
+    if (text.starts_with("junk")) {
+        error = L"no drawing";
+        return Acad::eFilerError;
+    }
     DbObjectAccess::finishLoading(db);
     contents()[&db] = text;
     std::istringstream lines(text);

@@ -5,6 +5,7 @@
 //   fill COLOR X Y ...  filled polygon in a colour index
 //   attdef TAG VALUE   attribute definition;  mattdef: a multiline one
 //   preview W H RRGGBB the preview stored in the file
+// A file that begins with "junk" is no drawing.
 #pragma once
 
 #include <string>

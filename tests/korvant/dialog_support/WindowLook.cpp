@@ -1,6 +1,7 @@
 #include "WindowLook.h"
 
 #include "AfxApp.h"
+#include "controls/AfxListWidget.h"
 #include "core/AfxWindow.h"
 #include "core/QtText.h"
 #include "dialog/AfxModal.h"
@@ -13,7 +14,17 @@
 
 // ---- pictures --------------------------------------------------------------------------
 namespace {
+// What a list has put off for a moment would be missing in the picture.
+void layOutLists(const CWnd& window) {
+    for (const CWnd* const child : window.window()->children) {
+        if (const auto* const list = afxWidgetAs<AfxListWidget>(*child))
+            list->layOutNow();
+        layOutLists(*child);
+    }
+}
+
 QImage pictureOf(const CWnd& window) {
+    layOutLists(window);
     return window.window()->widget->grab().toImage();
 }
 } // namespace

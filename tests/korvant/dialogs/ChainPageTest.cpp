@@ -1,5 +1,6 @@
 #include "PostDialogTest.h"
 
+#include "AcUtText.h"
 #include "IndividualTable.h"
 #include "TrfcDocSettings.h"
 
@@ -16,6 +17,9 @@ protected:
         user.does(L"@click 232").does(L"@select 300 \"" + folder + L"\"").does(L"@select 301 \"" + title + L"\"").does(L"@ok");
     }
 };
+std::wstring individualName(const AcGePoint3d& foot) {
+    return acFormat(L"%.2f_%.2f_Korvant.dwg", foot.x, foot.y);
+}
 } // namespace
 
 TEST_F(ChainPage, without_a_selection_every_control_that_needs_a_block_is_disabled) {
@@ -380,6 +384,38 @@ TEST_F(ChainPage, a_bare_name_is_looked_for_in_the_folder_of_temporary_signs_wit
     runPage(kTables);
     EXPECT_EQ(tables(), (Titles{L"100.00_200.00_Korvant"}));
     EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\100.00_200.00_Korvant.dwg"), "box 2 1\n");
+}
+
+TEST_F(ChainPage, a_file_that_is_no_drawing_is_told_and_adds_nothing) {
+    library.add(L"Ideiglenes\\levél.dwg", "junk\n");
+    user.willChooseFile(library.path(L"Ideiglenes\\levél.dwg"));
+    user.does(L"@click 238").sees([&] { EXPECT_TRUE(hasLineWith(user.printed(), L"es == Acad::eOk, EditBlockChainDlg")); }).does(L"@ok");
+    runPage(kTables);
+    EXPECT_TRUE(tables().empty());
+    EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\100.00_200.00_Korvant.dwg"), "");
+}
+
+TEST_F(ChainPage, an_individual_sign_with_a_multiline_attribute_is_refused_like_any_other) {
+    library.add(L"Ideiglenes\\saját.dwg", "box 2 1\nmattdef MEGJ x\n");
+    user.willChooseFile(library.path(L"Ideiglenes\\saját.dwg"));
+    user.does(L"@click 238");
+    runPage(kTables);
+    EXPECT_TRUE(tables().empty());
+    EXPECT_TRUE(hasLineWith(user.printed(), L"Többsoros attribútumdefiníciót tartalmazó blokkot nem lehet beszúrni!"));
+}
+
+TEST_F(ChainPage, two_posts_have_individual_signs_of_their_own) {
+    library.add(L"Ideiglenes\\egy.dwg", "box 2 1\n");
+    library.add(L"Ideiglenes\\kettő.dwg", "box 3 1.5\n");
+    user.willChooseFile(library.path(L"Ideiglenes\\egy.dwg"));
+    user.does(L"@click 238");
+    runPage(kTables);
+    post->setPointA({-12.345, 7.0, 0.0});
+    user.willChooseFile(library.path(L"Ideiglenes\\kettő.dwg"));
+    user.does(L"@click 238");
+    runPage(kTables);
+    EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\100.00_200.00_Korvant.dwg"), "box 2 1\n");
+    EXPECT_EQ(library.contentOf(L"Tábla\\Egyedi\\" + individualName(post->pointA())), "box 3 1.5\n");
 }
 
 // ---- the mouse over the preview

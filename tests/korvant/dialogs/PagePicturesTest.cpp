@@ -47,6 +47,12 @@ TEST_F(PagePictures, a_page_of_lamps) {
     lookAtPage(2, "210-lamps", {L"@click 234", L"@select 300 \"Sárga\"", L"@select 301 0", L"@ok"});
 }
 
+TEST_F(PagePictures, a_file_name_longer_than_its_place) {
+    library.add(L"Tábla\\Jelzés hosszú nevű mappában\\B-02 Állj! Elsőbbségadás kötelező, megkülönböztetett.dwg", "box 1 1\n");
+    addTable(L"Jelzés hosszú nevű mappában\\B-02 Állj! Elsőbbségadás kötelező, megkülönböztetett.dwg");
+    lookAtPage(1, "210-tables-long-name", {L"@select 217 0"});
+}
+
 TEST_F(PagePictures, the_choice_of_a_block) {
     open(1);
     user.does(L"@click 232").does(L"@select 300 \"Jelzés\"");

@@ -94,11 +94,13 @@ TEST_F(PostPage, the_view_is_four_and_a_half_feet_high_about_the_foot) {
     runPage(kGeneral);
 }
 
-TEST_F(PostPage, a_multiline_attribute_shows_its_contents) {
-    library.add(L"Oszlop\\Oszlopok\\Megjegyzett.dwg", "disk 0.5\nmattdef MEGJ szöveg\n");
-    post->setBaseBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), L"Oszlopok\\Megjegyzett.dwg"));
-    user.sees([&] { EXPECT_EQ(gridValue(L"MEGJ"), L"szöveg"); });
+TEST_F(PostPage, a_multiline_attribute_of_the_foot_shows_its_contents_and_takes_a_text) {
+    library.add(L"Oszlop\\Oszlopok\\Feliratos.dwg", "disk 0.5\nmattdef MEGJ első\n");
+    post->setBaseBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), L"Oszlopok\\Feliratos.dwg"));
+    user.sees([&] { EXPECT_EQ(gridValue(L"MEGJ"), L"első"); });
+    user.does(L"@cell 204 3 1 \"második\"");
     runPage(kGeneral);
+    EXPECT_STREQ(post->baseBlock().attributeAt(0)->textStringConst(), L"második");
 }
 
 TEST_F(PostPage, a_parameter_that_no_list_names_is_not_shown_and_stays) {

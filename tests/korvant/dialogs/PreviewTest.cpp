@@ -163,6 +163,44 @@ TEST_F(Preview, a_click_on_a_plate_does_not_move_the_view) {
     run();
 }
 
+TEST_F(Preview, a_view_about_a_foot_keeps_its_height_when_the_window_is_resized) {
+    open(0);
+    user.sees([&] {
+        preview().MoveWindow(CRect(0, 0, 300, 90));
+        AfxPumpMessages();
+        EXPECT_NEAR(shownSize().y, 0.004 * 500.0 * 4.5, preview().pixelSize());
+        const CPoint foot = preview().placeOf(post->pointA());
+        EXPECT_NEAR(foot.x, 150, 1);
+        EXPECT_NEAR(foot.y, 45, 1);
+    });
+    user.does(L"@ok");
+    run();
+}
+
+TEST_F(Preview, the_symbol_of_an_empty_view_can_be_changed) {
+    open(kTables);
+    user.sees([&] {
+        const auto before = recordOf(*preview().displayList());
+        preview().setBlockId(loadBlockTemplate(library.path(L"Tábla"), L"Teli\\Kék.dwg").blockId);
+        EXPECT_NE(recordOf(*preview().displayList()), before);
+        EXPECT_GT(countPixels(preview(), RGB(0, 0, 255)), 1000);
+        expectFitted();
+        moveMouse(preview(), preview().placeOf({0.0, 0.5, 0.0}));
+        EXPECT_EQ(preview().hovered(), -1) << "it is no block that could be picked";
+    });
+    user.does(L"@ok");
+    run();
+}
+
+TEST_F(Preview, what_is_edited_is_seen_at_once) {
+    addTable(L"Teli\\Kék.dwg");
+    open(kTables);
+    user.does(L"@select 217 0").sees([&] { EXPECT_GT(countPixels(preview(), RGB(0, 0, 255)), 1000); });
+    user.does(L"@click \"Törlés\"").sees([&] { EXPECT_EQ(countPixels(preview(), RGB(0, 0, 255)), 0); });
+    user.does(L"@ok");
+    run();
+}
+
 // ---- the mouse
 TEST_F(Preview, the_plate_under_the_mouse_takes_the_hover_colour_and_the_others_keep_their_own) {
     addTable(L"Teli\\Kék.dwg");

@@ -4,8 +4,9 @@
 #include "AcDbBlockReference.h"
 #include "AcUtText.h"
 #include "CListCtrl.h"
+#include "CScaleComparisonDialog.h"
 #include "CTrfcSignsARXApp.h"
-#include "DbObjectAccess.h"
+#include "DbDatabaseData.h"
 #include "DialogUser.h"
 #include "DwgCodec.h"
 #include "Resource.h"
@@ -18,10 +19,12 @@
 #include "WindowLook.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
 
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -236,6 +239,55 @@ TEST_F(EarlierList, the_new_scales_survive_saving_and_opening) {
     acdbHostApplicationServices()->setWorkingDatabase(mDatabase.get());
 }
 
+TEST_F(EarlierList, without_a_collection_of_scales_the_rows_of_the_list_still_come) {
+    auto contexts = std::exchange(DbObjectAccess::data(*mDatabase).contexts, nullptr);
+    const auto items = compareScaleList(*mDatabase, kList);
+    ASSERT_EQ(items.size(), 3u);
+    for (const auto& item : items)
+        EXPECT_EQ(item.source, kScaleOfList);
+    user.does(L"@ok");
+    EXPECT_EQ(CScaleComparisonDialog(items).DoModal(), IDOK);
+    DbObjectAccess::data(*mDatabase).contexts = std::move(contexts);
+    EXPECT_FALSE(scales().hasContext(L"KV 1 : 200"));
+}
+
+namespace {
+bool allLengthsAreSound(const AcDbObjectContextCollection& scales) {
+    const std::unique_ptr<AcDbObjectContextCollectionIterator> iterator(scales.newIterator());
+    for (iterator->start(); !iterator->done(); iterator->next()) {
+        AcDbObjectContext* context = nullptr;
+        if (iterator->getContext(context) != Acad::eOk)
+            return false;
+        const std::unique_ptr<AcDbObjectContext> owned(context);
+        double paper = 0.0, drawn = 0.0;
+        std::wstring name;
+        AcDbAnnotationScale::cast(context)->getPaperUnits(paper);
+        AcDbAnnotationScale::cast(context)->getDrawingUnits(drawn);
+        context->getName(name);
+        if (!(paper > 0.0) || !(drawn > 0.0) || !std::isfinite(paper) || !std::isfinite(drawn) || name.empty())
+            return false;
+    }
+    return true;
+}
+} // namespace
+
+TEST_F(EarlierList, whatever_stands_in_it_only_sound_scales_enter_the_drawing) {
+    EXPECT_TRUE(rc::check("any list", [&] {
+        const std::string characters = "0123456789/-+. ax";
+        const auto picks = *rc::gen::container<std::vector<std::size_t>>(rc::gen::inRange<std::size_t>(0, characters.size()));
+        std::wstring text;
+        for (const std::size_t pick : picks)
+            text += static_cast<wchar_t>(characters[pick]);
+        const auto items = compareScaleList(*mDatabase, text);
+        RC_ASSERT(items.size() == splitScaleList(text).size());
+        for (const auto& item : items)
+            RC_ASSERT(std::isfinite(item.paperUnits) && std::isfinite(item.drawingUnits));
+        user.does(L"@ok");
+        CScaleComparisonDialog(items).DoModal();
+        RC_ASSERT(allLengthsAreSound(scales()));
+    }));
+}
+
 // ---- scales that cannot be
 namespace {
 class OddScale : public ScaleTracking {
@@ -411,6 +463,44 @@ TEST_F(TrackedPosts, what_is_changed_after_an_undo_belongs_to_the_scale_that_cam
     EXPECT_DOUBLE_EQ(armOf(id), 30.0);
 }
 
+TEST_F(TrackedPosts, any_sequence_of_scales_and_edits_is_taken_back_and_done_again_step_by_step) {
+    EXPECT_TRUE(rc::check("scales, edits, undo, redo", [&] {
+        const std::vector<AcDbObjectId> posts{addPost(), addPost()};
+        const auto picture = [&] {
+            auto lines = filed(posts[0]);
+            const auto second = filed(posts[1]);
+            lines.insert(lines.end(), second.begin(), second.end());
+            for (const AcDbObjectId id : posts)
+                lines.push_back(acFormat(L"%d of %d", liveScaleOf(id), currentScale()));
+            return lines;
+        };
+        const wchar_t* const scales[] = {L"1:200", L"1:500", L"1:1000", L"1:2500"};
+        std::vector<std::vector<std::wstring>> steps{picture()};
+        for (const int action : *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 8))) {
+            mDatabase->startUndoRecord();
+            if (action < 4)
+                select(scales[action]);
+            else
+                AcDbObjectPointer<TrfcPost>(posts[static_cast<std::size_t>(action % 2)], AcDb::kForWrite)->setPointB({100.0 + action, 240.0, 0.0});
+            steps.push_back(picture());
+        }
+        const std::size_t last = steps.size() - 1;
+        for (std::size_t at = last; at > 0; --at) {
+            RC_ASSERT(picture() == steps[at]);
+            RC_ASSERT(mDatabase->undo());
+        }
+        RC_ASSERT(picture() == steps[0]);
+        for (std::size_t at = 1; at <= last; ++at) {
+            RC_ASSERT(mDatabase->redo());
+            RC_ASSERT(picture() == steps[at]);
+        }
+        mDatabase->startUndoRecord();
+        select(L"1:500");
+        for (const AcDbObjectId id : posts)
+            AcDbObjectPointer<TrfcPost>(id, AcDb::kForWrite)->erase();
+    }));
+}
+
 TEST_F(TrackedPosts, a_post_of_a_drawing_whose_scale_was_no_number_keeps_its_geometry) {
     TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, 0);
     const AcDbObjectId id = addPost();
@@ -422,20 +512,6 @@ TEST_F(TrackedPosts, a_post_of_a_drawing_whose_scale_was_no_number_keeps_its_geo
 }
 
 // ---- the reactors
-TEST_F(OddScale, the_document_reactor_prints_one_line_for_each_event) {
-    struct Document : AcApDocument {
-        const ACHAR* fileName() const override { return L"C:\\terv.dwg"; }
-        AcDbDatabase* database() const override { return nullptr; }
-    } document;
-    CDocActivatedReactor reactor;
-    reactor.documentCreated(&document);
-    reactor.documentToBeActivated(&document);
-    reactor.documentActivated(&document);
-    EXPECT_EQ(printed, L"\r\nDokumentum neve (documentCreated): C:\\terv.dwg\r\n"
-                       L"\r\nDokumentum neve (documentToBeActivated): C:\\terv.dwg\r\n"
-                       L"\r\nDokumentum neve (documentActivated): C:\\terv.dwg\r\n");
-}
-
 TEST_F(OddScale, the_document_reactor_can_be_added_and_removed_more_than_once) {
     CDocActivatedReactor::add();
     CDocActivatedReactor::add();

@@ -109,6 +109,11 @@ TEST_F(ScaleWindows, the_current_scale_alone_has_the_picture_of_an_active_one) {
         AfxPumpMessages();
         EXPECT_GT(countPixels(list(), green), 30) << "one active row";
         EXPECT_LT(countPixels(list(), green), 100);
+        CRect row, cell;
+        list().GetItemRect(0, row);
+        EXPECT_LT(row.Height(), 24) << "a row is no higher than its picture";
+        list().GetSubItemRect(0, 0, LVIR_BOUNDS, cell);
+        EXPECT_EQ(pixelOf(list(), {cell.left + cell.Width() / 2 - 4, cell.top + cell.Height() / 2 - 4}), green) << "the picture stands in the middle";
     });
     user.does(L"@cancel");
     compare(threeItems());
