@@ -235,8 +235,8 @@ void TrfcPost::moveAllScales(const AcGeVector3d& vector) {
 // A stays where it is in every scale: the arm grows about the foot.
 void TrfcPost::createNewScale(int oldScale, int newScale) {
     assertWriteEnabled();
-    // A post read while the drawing's own scale was no number has none to reckon from: its fields stand as they are.
-    const double factor = oldScale != 0 ? static_cast<double>(newScale) / static_cast<double>(oldScale) : 1.0;
+    // A post read while the drawing's own scale was none has nothing to reckon from: its fields stand as they are.
+    const double factor = oldScale > 0 ? static_cast<double>(newScale) / static_cast<double>(oldScale) : 1.0;
     Arm scaled = arm();
     for (AcGeVector3d* vector : {&mVectorAB, &scaled.ab, &scaled.bc, &scaled.cd, &scaled.ae})
         *vector *= factor;

@@ -501,14 +501,16 @@ TEST_F(TrackedPosts, any_sequence_of_scales_and_edits_is_taken_back_and_done_aga
     }));
 }
 
-TEST_F(TrackedPosts, a_post_of_a_drawing_whose_scale_was_no_number_keeps_its_geometry) {
-    TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, 0);
-    const AcDbObjectId id = addPost();
-    const double before = armOf(id);
-    select(L"1:200");
-    EXPECT_EQ(currentScale(), 200);
-    EXPECT_DOUBLE_EQ(armOf(id), before);
-    EXPECT_TRUE(std::isfinite(AcDbObjectPointer<TrfcPost>(id)->pointD().x));
+TEST_F(TrackedPosts, a_post_of_a_drawing_whose_scale_was_none_keeps_its_geometry) {
+    for (const int none : {0, -500}) {
+        TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, none);
+        const AcDbObjectId id = addPost();
+        const double before = armOf(id);
+        select(L"1:200");
+        EXPECT_EQ(currentScale(), 200);
+        EXPECT_DOUBLE_EQ(armOf(id), before);
+        EXPECT_TRUE(std::isfinite(AcDbObjectPointer<TrfcPost>(id)->pointD().x));
+    }
 }
 
 // ---- the reactors
