@@ -3,6 +3,8 @@
 #include "AcUtText.h"
 #include "driver/MachineDrivers.h"
 
+#include <new>
+
 namespace odbc {
 
 void throwDb(RETCODE code, const char* text) {
@@ -18,6 +20,8 @@ void throwCaught(RETCODE code) {
         throw new CDBException(code, acFromUtf8(error.what()));
     } catch (const std::bad_alloc&) {
         throw new CDBException(code, L"There is not enough memory for the database.");
+    } catch (const std::exception& error) {
+        throw new CDBException(code, acFromUtf8(error.what()));
     }
 }
 

@@ -12,9 +12,17 @@ namespace odbc {
 namespace {
 template <class Writer, class Fill> void writeSafely(const std::string& path, const std::string& shown, const Fill& fill) {
     ReplacingFile file(path, shown);
-    Writer writer(file.path());
-    fill(writer);
-    writer.finish();
+    try {
+        Writer writer(file.path());
+        fill(writer);
+        writer.finish();
+    } catch (const StoreError& error) {
+        // The user knows his file by its own name.
+        std::string text = error.what();
+        if (const std::size_t at = text.find(file.path()); at != std::string::npos)
+            text.replace(at, file.path().size(), shown);
+        throw StoreError(text);
+    }
     file.commit();
 }
 } // namespace
@@ -24,7 +32,7 @@ FileSession::FileSession(FileForm form, std::wstring_view hostPath, bool readOnl
       mStore(form == FileForm::Access ? kDatabaseRules : kWorkbookRules) {
     if (form == FileForm::Workbook && !fileExists(mPath)) {
         if (!mayReplace(mPath))
-            throw StoreError("The file " + mShown + " cannot be made: its folder is missing or cannot be written.");
+            throw StoreError("The file \"" + mShown + "\" cannot be made: its folder is missing or cannot be written.");
         return;
     }
     mLock.emplace(mPath, mShown);
@@ -59,7 +67,7 @@ void FileSession::close() {
 void createAccessFile(std::wstring_view hostPath) {
     const std::string path = acFileSystemPath(hostPath), shown = acToUtf8(hostPath);
     if (fileExists(path))
-        throw StoreError("The file " + shown + " exists already.");
+        throw StoreError("The file \"" + shown + "\" exists already.");
     writeSafely<JetWriter>(path, shown, [](TableSink&) {});
 }
 

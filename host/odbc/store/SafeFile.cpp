@@ -35,12 +35,12 @@ std::string behindLinks(const std::string& path) {
     switch (error) {
     case ENOENT:
     case ENOTDIR:
-        throw StoreError("The file " + shown + " does not exist.");
+        throw StoreError("The file \"" + shown + "\" does not exist.");
     case EACCES:
     case EPERM:
-        throw StoreError("You have no right to read the file " + shown + ".");
+        throw StoreError("You have no right to read the file \"" + shown + "\".");
     default:
-        throw StoreError("The file " + shown + " cannot be opened.");
+        throw StoreError("The file \"" + shown + "\" cannot be opened.");
     }
 }
 
@@ -49,13 +49,13 @@ std::string behindLinks(const std::string& path) {
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        throw StoreError("The file " + shown + " cannot be written: the disk is full.");
+        throw StoreError("The file \"" + shown + "\" cannot be written: the disk is full.");
     case EACCES:
     case EPERM:
     case EROFS:
-        throw StoreError("The file " + shown + " cannot be written: you have no right to change its folder.");
+        throw StoreError("The file \"" + shown + "\" cannot be written: you have no right to change its folder.");
     default:
-        throw StoreError("The file " + shown + " cannot be written.");
+        throw StoreError("The file \"" + shown + "\" cannot be written.");
     }
 }
 
@@ -71,7 +71,7 @@ FileLock::FileLock(const std::string& path, const std::string& shown) {
         if (::stat(path.c_str(), &status) != 0)
             refuseOpen(shown, errno);
         if (!S_ISREG(status.st_mode))
-            throw StoreError(shown + (S_ISDIR(status.st_mode) ? " is a folder, no database." : " is no file."));
+            throw StoreError("\"" + shown + (S_ISDIR(status.st_mode) ? "\" is a folder, no database." : "\" is no file."));
         mFile = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
         if (mFile < 0)
             refuseOpen(shown, errno);
@@ -81,7 +81,7 @@ FileLock::FileLock(const std::string& path, const std::string& shown) {
             if (locked)
                 return;
             ::close(mFile);
-            throw StoreError("The file " + shown + " is in use: it is open in this program or another one.");
+            throw StoreError("The file \"" + shown + "\" is in use: it is open in this program or another one.");
         }
         ::close(mFile);
     }
@@ -137,14 +137,14 @@ void ReplacingFile::removeLeftovers(const std::string& path) {
     const std::string target = behindLinks(path);
     const std::string name = target.substr(target.rfind('/') + 1) + ".";
     const std::string ending = kFreshEnding;
-    std::error_code ignored; // what cannot be removed does no harm
-    for (const auto& entry : std::filesystem::directory_iterator(folderOf(target), ignored)) {
-        const std::string file = entry.path().filename().string();
+    std::error_code fault; // what cannot be listed or removed does no harm
+    for (std::filesystem::directory_iterator at(folderOf(target), fault), end; !fault && at != end; at.increment(fault)) {
+        const std::string file = at->path().filename().string();
         if (file.size() <= name.size() + ending.size() || !file.starts_with(name) || !file.ends_with(ending))
             continue;
         const std::string middle = file.substr(name.size(), file.size() - name.size() - ending.size());
         if (middle.find_first_not_of("0123456789") == std::string::npos)
-            ::unlink(entry.path().c_str());
+            ::unlink(at->path().c_str());
     }
 }
 

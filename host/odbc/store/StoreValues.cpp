@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <sqlite3.h>
 
@@ -203,6 +204,8 @@ int bindCell(sqlite3_stmt* statement, int parameter, const StoreColumn& column, 
     case StoreCell::Type::Integer:
         return sqlite3_bind_int64(statement, parameter, cell.integer);
     case StoreCell::Type::Real:
+        if (std::isnan(cell.real)) // SQLite would make it an empty field
+            return sqlite3_bind_blob(statement, parameter, &cell.real, sizeof cell.real, SQLITE_TRANSIENT);
         return sqlite3_bind_double(statement, parameter, cell.real);
     case StoreCell::Type::Bytes:
         return sqlite3_bind_blob64(statement, parameter, cell.bytes.data() == nullptr ? "" : cell.bytes.data(), cell.bytes.size(), SQLITE_STATIC);
@@ -234,8 +237,14 @@ StoreCell readCell(sqlite3_stmt* statement, int index, const StoreColumn& column
         return StoreCell::of(static_cast<std::int64_t>(sqlite3_column_int64(statement, index)));
     case ColumnKind::Single:
     case ColumnKind::Double:
-    case ColumnKind::Date:
-        return StoreCell::of(sqlite3_column_double(statement, index));
+    case ColumnKind::Date: {
+        double real = 0;
+        if (type == SQLITE_BLOB)
+            std::memcpy(&real, sqlite3_column_blob(statement, index), sizeof real);
+        else
+            real = sqlite3_column_double(statement, index);
+        return StoreCell::of(real);
+    }
     case ColumnKind::Currency:
     case ColumnKind::Numeric:
         if (type == SQLITE_FLOAT || type == SQLITE_INTEGER)

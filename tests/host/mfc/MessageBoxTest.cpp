@@ -1,5 +1,6 @@
 #include "AcPath.h"
 #include "AfxFolderDialog.h"
+#include "CException.h"
 #include "CFileDialog.h"
 #include "SampleDialog.h"
 #include "TestSupport.h"
@@ -48,6 +49,19 @@ TEST(MessageBoxes, a_line_that_no_button_takes_is_refused) {
     DialogScript other({L"@click 4"});
     AfxMessageBoxOf(nullptr, L"x", L"y", MB_OK);
     EXPECT_EQ(other.refusals.size(), 1u);
+}
+
+TEST(Exceptions, report_their_text_in_a_message_box) {
+    class Fault : public CException {
+        BOOL GetErrorMessage(LPTSTR text, UINT size, UINT*) const override {
+            return std::swprintf(text, size, L"Elfogyott a hely.") > 0 ? TRUE : FALSE;
+        }
+    };
+    DialogScript user({L"@ok"});
+    auto* const fault = new Fault;
+    EXPECT_EQ(fault->ReportError(MB_ICONWARNING), IDOK);
+    fault->Delete();
+    EXPECT_TRUE(holds(user.printed, L"Elfogyott a hely."));
 }
 
 TEST(FileDialogs, the_path_is_asked_on_the_command_line) {

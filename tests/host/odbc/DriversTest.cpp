@@ -176,14 +176,16 @@ TEST(MachineDriver, the_mdb_driver_reads_what_the_built_in_one_wrote) {
     const std::wstring path = newDatabase();
     {
         OpenDatabase database(path);
-        database.ExecuteSQL(L"CREATE TABLE T (ID NUMBER, NEV TEXT, N LONG)");
-        database.ExecuteSQL(L"INSERT INTO T VALUES (0.100000,'Őrült írás',5)");
-        database.ExecuteSQL(L"INSERT INTO T VALUES (-650123.456789,NULL,NULL)");
+        database.ExecuteSQL(L"CREATE TABLE T (ID NUMBER, NEV TEXT, N LONG, D DATETIME, B YESNO, C CURRENCY, M MEMO)");
+        database.ExecuteSQL((L"INSERT INTO T VALUES (0.100000,'Őrült írás',5,'2001-02-03 04:05:06',TRUE,12.5,'" + std::wstring(3000, L'é') + L"')").c_str());
+        database.ExecuteSQL(L"INSERT INTO T (ID) VALUES (-650123.456789)");
         database.Close();
     }
     CDatabase database;
     ASSERT_TRUE(database.Open(nullptr, FALSE, TRUE, (L"ODBC;DRIVER={MDBTools};DSN='';DBQ=" + acFromUtf8(acFileSystemPath(path))).c_str()));
-    EXPECT_EQ(rowsOf(database, L"SELECT * FROM T"), (Rows{{L"0.1", L"Őrült írás", L"5"}, {L"-650123.456789", L"-", L"-"}}));
+    EXPECT_EQ(rowsOf(database, L"SELECT * FROM T"), 
+              (Rows{{L"0.1", L"Őrült írás", L"5", L"2001-02-03 04:05:06", L"1", L"12.5000", std::wstring(3000, L'é')},
+                    {L"-650123.456789", L"-", L"-", L"-", L"0", L"-", L"-"}}));
     refusal(database, L"SELECT * FROM NINCS");
     database.Close();
 }

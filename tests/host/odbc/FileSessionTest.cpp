@@ -78,6 +78,19 @@ TEST(FileOpen, a_cut_file_is_refused) {
     }
 }
 
+TEST(FileOpen, a_file_with_a_password_or_encrypted_is_told_and_stays_as_it_is) {
+    const std::wstring path = newDatabase();
+    fill(path, 3);
+    const std::string whole = fileBytes(path);
+    for (const auto& [offset, word] : {std::pair(std::size_t{0x42}, L"password"), std::pair(std::size_t{0x3E}, L"encrypted")}) {
+        std::string changed = whole;
+        changed[offset] ^= '\x5A';
+        writeFile(path, changed);
+        EXPECT_NE(refusedOpen(path).find(word), std::wstring::npos);
+        EXPECT_EQ(fileBytes(path), changed);
+    }
+}
+
 TEST(FileOpen, a_file_without_rights_is_told_and_one_to_be_read_only_can_be_read) {
     const std::wstring path = newDatabase();
     fill(path, 3);
@@ -216,7 +229,7 @@ TEST(FileClose, a_file_that_cannot_be_written_throws_once_and_stays) {
     OpenDatabase database(path);
     database.ExecuteSQL(L"DELETE * FROM T");
     std::filesystem::rename(folder, acToUtf8(moved));
-    EXPECT_FALSE(refusal([&] { database.Close(); }).empty());
+    EXPECT_NE(refusal([&] { database.Close(); }).find(L"a.mdb\" cannot be written"), std::wstring::npos);
     EXPECT_FALSE(database.IsOpen());
     database.Close();
     std::filesystem::rename(acToUtf8(moved), folder);
@@ -231,6 +244,23 @@ TEST(FileClose, a_file_that_cannot_be_written_throws_once_and_stays) {
         EXPECT_FALSE(testing::internal::GetCapturedStderr().empty());
         std::filesystem::rename(acToUtf8(moved), folder);
     }
+    EXPECT_EQ(fileBytes(path), before);
+}
+
+TEST(FileClose, a_record_too_long_for_the_format_is_told_under_the_file_s_own_name_and_the_old_file_stays) {
+    const std::wstring path = newDatabase();
+    std::wstring columns, values;
+    for (int i = 0; i < 20; ++i) {
+        columns += acFormat(L"%sC%d TEXT", i == 0 ? L"" : L", ", i);
+        values += (i == 0 ? L"'" : L",'") + std::wstring(255, L'ű') + L"'";
+    }
+    const std::string before = fileBytes(path);
+    OpenDatabase database(path);
+    database.ExecuteSQL((L"CREATE TABLE T (" + columns + L")").c_str());
+    database.ExecuteSQL((L"INSERT INTO T VALUES (" + values + L")").c_str());
+    const std::wstring text = refusal([&] { database.Close(); });
+    EXPECT_NE(text.find(L"4,060 bytes"), std::wstring::npos);
+    EXPECT_EQ(text.find(L".tmp"), std::wstring::npos);
     EXPECT_EQ(fileBytes(path), before);
 }
 

@@ -119,7 +119,8 @@ TEST(FullDisk, while_closing_throws_and_keeps_every_byte_of_the_old_file) {
             try {
                 database.Close();
             } catch (CDBException* error) {
-                status = error->m_strError.IsEmpty() ? 2 : 1;
+                const std::wstring text = error->m_strError.text();
+                status = text.find(L"a.mdb\"") != std::wstring::npos && text.find(L".tmp") == std::wstring::npos ? 1 : 2;
                 error->Delete();
             }
             ::_exit(status);

@@ -5,6 +5,8 @@
 #include "jet/JetReader.h"
 #include "jet/JetWriter.h"
 
+#include <cmath>
+#include <limits>
 #include <map>
 #include <rapidcheck/gtest.h>
 
@@ -189,11 +191,16 @@ void writeForeign(const std::wstring& path) {
     cents[0] = StoreCell::of(std::int64_t{0});
     cents[4] = StoreCell::text("-12.3450");
     cents[6] = StoreCell::of(-0.0);
+    cents[7] = StoreCell::of(std::numeric_limits<double>::infinity());
     cents[9] = StoreCell::text("");
     cents[13] = StoreCell::text("1.500000");
     writer.row(cents);
     writer.endTable();
     writer.beginTable({"Üres", {{"A", ColumnKind::Double, 0, 0, 0}}});
+    writer.endTable();
+    writer.beginTable({"Bits", {{"A", ColumnKind::Double, 0, 0, 0}}});
+    const StoreCell nan[] = {StoreCell::of(std::numeric_limits<double>::quiet_NaN())};
+    writer.row(nan);
     writer.endTable();
     writer.beginTable({"Other", {{"A", ColumnKind::Double, 0, 0, 0}}});
     writer.endTable();
@@ -204,19 +211,20 @@ TEST(Foreign, tables_of_every_type_survive_a_change_in_another_one) {
     const std::wstring path = testTempDir() + L"\\foreign.mdb";
     writeForeign(path);
     const Recorder before = recorded(path);
-    ASSERT_EQ(before.tables.size(), 3u);
     OpenDatabase database(path);
     database.ExecuteSQL(L"INSERT INTO Other (A) VALUES (1.5)");
     database.ExecuteSQL(L"CREATE TABLE Fresh (A NUMBER)");
     database.Close();
     const Recorder after = recorded(path);
-    EXPECT_EQ(after.tables.size(), 4u);
+    EXPECT_EQ(after.tables.size(), 5u);
     for (const char* name : {"Minden Típus", "Üres"}) {
         EXPECT_EQ(after.tables.at(name), before.tables.at(name));
         EXPECT_EQ(after.rows.at(name), before.rows.at(name)) << name;
     }
     ASSERT_EQ(after.rows.at("Other").size(), 1u);
     EXPECT_TRUE(std::signbit(after.rows.at("Minden Típus")[2][6].real));
+    EXPECT_TRUE(std::isnan(after.rows.at("Bits")[0][0].real));
+    ASSERT_EQ(before.tables.size(), 4u);
 }
 
 TEST(Foreign, fields_of_every_type_have_their_codes_and_values) {
