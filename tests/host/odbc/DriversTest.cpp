@@ -49,6 +49,7 @@ TEST(DataSource, is_looked_up_at_run_time_and_makes_a_database) {
     ASSERT_NE(config, nullptr);
     const std::wstring path = testTempDir() + L"\\új adat bázis.mdb";
     EXPECT_TRUE(config(nullptr, 1, L"Access Driver (*.mdb)", (L"CREATE_DB=\"" + path + L"\" General").c_str()));
+    EXPECT_EQ(violations(path), "");
     OpenDatabase database(path);
     database.ExecuteSQL(L"CREATE TABLE T (A NUMBER)");
     EXPECT_TRUE(FreeLibrary(library));

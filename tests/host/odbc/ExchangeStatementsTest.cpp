@@ -40,6 +40,7 @@ TEST_F(ExchangeStatements, every_table_is_made_filled_counted_and_comes_back_fro
         EXPECT_EQ(before.back()[0].size(), table.columns) << acToUtf8(table.name);
     }
     database.Close();
+    EXPECT_EQ(violations(path), "");
     OpenDatabase again(path);
     for (std::size_t i = 0; i < exchangeTables().size(); ++i) {
         const std::wstring name = exchangeTables()[i].name;

@@ -94,6 +94,7 @@ TEST(Kill, at_any_moment_of_closing_leaves_the_old_file_or_the_new_one) {
             continue;
         }
         ASSERT_EQ(versionOf(path), version + 1) << "after kill " << i;
+        ASSERT_EQ(violations(path), "") << "after kill " << i;
         ++version;
     }
     std::printf("%d kills within %lld us of closing: %d left the old file, %d the new one\n", kills, static_cast<long long>(delays.max()), oldOnes, version - 1);

@@ -1,6 +1,7 @@
 #include "OdbcTestSupport.h"
 
 #include "AcPath.h"
+#include "jet/JetCheck.h"
 
 #include <fstream>
 #include <iterator>
@@ -62,6 +63,13 @@ Rows rowsOf(CDatabase& database, const std::wstring& sql) {
         }
     }
     return rows;
+}
+
+std::string violations(const std::wstring& path) {
+    std::string text;
+    for (const odbc::JetViolation& violation : odbc::checkJet(acFileSystemPath(path)))
+        text += "page " + std::to_string(violation.page) + ": " + violation.text + "\n";
+    return text;
 }
 
 std::string fileBytes(const std::wstring& path) {

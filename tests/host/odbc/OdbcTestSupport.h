@@ -32,6 +32,9 @@ using Rows = std::vector<std::vector<std::wstring>>;
 // Every field as text, an empty one as "-".
 Rows rowsOf(CDatabase& database, const std::wstring& sql);
 
+// What the structural checker has against an Access file; empty for a sound one.
+std::string violations(const std::wstring& path);
+
 std::string fileBytes(const std::wstring& path);
 void writeFile(const std::wstring& path, const std::string& bytes);
 // What a command prints, without its errors.

@@ -107,6 +107,7 @@ RC_GTEST_PROP(RoundTrip, any_sequence_of_changes_gives_the_rows_of_a_plain_map, 
         }
     }
     database.Close();
+    RC_ASSERT(violations(path) == "");
     database.Open(nullptr, FALSE, FALSE, accessConnect(path).c_str());
     Model found = modelOf(database);
     // Rows of one id have no order.
@@ -215,6 +216,7 @@ TEST(Foreign, tables_of_every_type_survive_a_change_in_another_one) {
     database.ExecuteSQL(L"INSERT INTO Other (A) VALUES (1.5)");
     database.ExecuteSQL(L"CREATE TABLE Fresh (A NUMBER)");
     database.Close();
+    EXPECT_EQ(violations(path), "");
     const Recorder after = recorded(path);
     EXPECT_EQ(after.tables.size(), 5u);
     for (const char* name : {"Minden Típus", "Üres"}) {
