@@ -33,10 +33,12 @@ Bytes sample() {
         writer.beginTable(shape);
         const std::string memo(9000, 'm'), blob(300, 'b');
         for (int i = 0; i < 30; ++i)
-            writer.row(std::vector<StoreCell>{StoreCell::of(std::int64_t{i}), StoreCell::text(i % 2 != 0 ? "őűŐŰ" : "meglévő"), StoreCell::of(std::int64_t{i % 2}),
-                                              StoreCell::of(i + 0.25), i == 7 ? StoreCell::text(memo) : StoreCell::text("rövid"), StoreCell::blob(blob),
-                                              StoreCell::text("12.5000"), StoreCell::text("{00112233-4455-6677-8899-AABBCCDDEEFF}"), StoreCell::text("-7.25"),
-                                              i == 3 ? StoreCell::null() : StoreCell::blob("bytes")});
+            writer.row(std::vector<StoreCell>{
+                StoreCell::of(std::int64_t{i}), StoreCell::text(i % 2 != 0 ? "őűŐŰ" : "meglévő"),
+                StoreCell::of(std::int64_t{i % 2}), StoreCell::of(i + 0.25),
+                i == 7 ? StoreCell::text(memo) : StoreCell::text("rövid"), StoreCell::blob(blob),
+                StoreCell::text("12.5000"), StoreCell::text("{00112233-4455-6677-8899-AABBCCDDEEFF}"),
+                StoreCell::text("-7.25"), i == 3 ? StoreCell::null() : StoreCell::blob("bytes")});
         writer.endTable();
         writer.finish();
     }

@@ -27,30 +27,31 @@ JetIndexPlan indexOf(std::u16string name, std::vector<std::uint16_t> columns, un
 
 JetTablePlan objectsPlan() {
     using enum ColumnKind;
-    return planSystemTable({"MSysObjects",
-                            {columnOf("Id", Long), columnOf("ParentId", Long), columnOf("Name", Text), columnOf("Type", Short),
-                             columnOf("DateCreate", Date), columnOf("DateUpdate", Date), columnOf("Owner", Binary),
-                             columnOf("Flags", Long), columnOf("Database", Memo), columnOf("Connect", Memo),
-                             columnOf("ForeignName", Text), columnOf("RmtInfoShort", Binary), columnOf("RmtInfoLong", Ole),
-                             columnOf("Lv", Ole), columnOf("LvProp", Ole), columnOf("LvModule", Ole), columnOf("LvExtra", Ole)}},
-                           "Owner",
-                           {indexOf(u"ParentIdName", {1, 2}, index::kUnique, false), indexOf(u"Id", {0}, index::kUnique, true)});
+    return planSystemTable(
+        {"MSysObjects",
+         {columnOf("Id", Long), columnOf("ParentId", Long), columnOf("Name", Text), columnOf("Type", Short),
+          columnOf("DateCreate", Date), columnOf("DateUpdate", Date), columnOf("Owner", Binary),
+          columnOf("Flags", Long), columnOf("Database", Memo), columnOf("Connect", Memo), columnOf("ForeignName", Text),
+          columnOf("RmtInfoShort", Binary), columnOf("RmtInfoLong", Ole), columnOf("Lv", Ole), columnOf("LvProp", Ole),
+          columnOf("LvModule", Ole), columnOf("LvExtra", Ole)}},
+        "Owner", {indexOf(u"ParentIdName", {1, 2}, index::kUnique, false), indexOf(u"Id", {0}, index::kUnique, true)});
 }
 
 JetTablePlan acesPlan() {
     using enum ColumnKind;
     return planSystemTable(
-        {"MSysACEs", {columnOf("ObjectId", Long), columnOf("SID", Binary), columnOf("ACM", Long), columnOf("FInheritable", Bool)}},
+        {"MSysACEs",
+         {columnOf("ObjectId", Long), columnOf("SID", Binary), columnOf("ACM", Long), columnOf("FInheritable", Bool)}},
         "SID", {indexOf(u"ObjectId", {0}, index::kRequired, false)});
 }
 
 JetTablePlan queriesPlan() {
     using enum ColumnKind;
-    return planSystemTable({"MSysQueries",
-                            {columnOf("ObjectId", Long), columnOf("Attribute", Byte), columnOf("Order", Binary),
-                             columnOf("Name1", Text), columnOf("Name2", Text), columnOf("Expression", Memo),
-                             columnOf("Flag", Short), columnOf("LvExtra", Long)}},
-                           {}, {indexOf(u"ObjectIdAttribute", {0, 1, 2}, index::kUnique, true)});
+    return planSystemTable(
+        {"MSysQueries",
+         {columnOf("ObjectId", Long), columnOf("Attribute", Byte), columnOf("Order", Binary), columnOf("Name1", Text),
+          columnOf("Name2", Text), columnOf("Expression", Memo), columnOf("Flag", Short), columnOf("LvExtra", Long)}},
+        {}, {indexOf(u"ObjectIdAttribute", {0, 1, 2}, index::kUnique, true)});
 }
 
 JetTablePlan relationshipsPlan() {
@@ -60,7 +61,8 @@ JetTablePlan relationshipsPlan() {
                              columnOf("icolumn", Long), columnOf("szObject", Text), columnOf("szColumn", Text),
                              columnOf("szReferencedObject", Text), columnOf("szReferencedColumn", Text)}},
                            {},
-                           {indexOf(u"szRelationship", {0}, index::kIgnoreNulls, false), indexOf(u"szObject", {4}, index::kIgnoreNulls, false),
+                           {indexOf(u"szRelationship", {0}, index::kIgnoreNulls, false),
+                            indexOf(u"szObject", {4}, index::kIgnoreNulls, false),
                             indexOf(u"szReferencedObject", {6}, index::kIgnoreNulls, false)});
 }
 
@@ -123,7 +125,8 @@ std::string JetCatalogue::keyOf(const std::string& name) const {
     std::u16string wide;
     std::string key;
     if (!appendUtf16(name, wide) || !appendTextKey(wide, key))
-        throw StoreError("The table name \"" + name + "\" holds a character that the index of an Access file cannot sort.");
+        throw StoreError("The table name \"" + name +
+                         "\" holds a character that the index of an Access file cannot sort.");
     return key;
 }
 
@@ -161,8 +164,8 @@ void JetCatalogue::addObject(const Object& object) {
 
 void JetCatalogue::addAccess(std::uint32_t object, std::string_view who, std::uint32_t rights, bool inheritable) {
     const auto id = static_cast<std::int32_t>(object);
-    const std::array<StoreCell, 4> cells{StoreCell::of(std::int64_t{id}), StoreCell::blob(who), StoreCell::of(std::int64_t{rights}),
-                                         StoreCell::of(std::int64_t{inheritable})};
+    const std::array<StoreCell, 4> cells{StoreCell::of(std::int64_t{id}), StoreCell::blob(who),
+                                         StoreCell::of(std::int64_t{rights}), StoreCell::of(std::int64_t{inheritable})};
     std::string key;
     appendLongKey(id, key);
     m_tables[kAces].addKey(kByObject, std::move(key), m_tables[kAces].row(cells));

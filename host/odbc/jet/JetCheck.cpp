@@ -59,7 +59,8 @@ private:
     void checkPages();
     const JetCheckTable* table(std::uint32_t page) const;
     void requireIndex(std::uint32_t page, std::string_view name, std::vector<std::string_view> columns);
-    std::uint32_t numberOf(const JetCheckTable& table, std::span<const std::uint8_t> row, std::string_view column) const;
+    std::uint32_t numberOf(const JetCheckTable& table, std::span<const std::uint8_t> row,
+                           std::string_view column) const;
 
     const JetFile& m_file;
     JetCheckContext m_context;
@@ -91,7 +92,8 @@ const JetCheckTable* Checker::table(std::uint32_t page) const {
     return nullptr;
 }
 
-std::uint32_t Checker::numberOf(const JetCheckTable& table, std::span<const std::uint8_t> row, std::string_view name) const {
+std::uint32_t Checker::numberOf(const JetCheckTable& table, std::span<const std::uint8_t> row,
+                                std::string_view name) const {
     const JetColumn* column = table.column(name);
     const auto value = column == nullptr ? std::nullopt : table.value(row, *column);
     return !value ? 0 : value->size() == 2 ? get16(value->data()) : value->size() == 4 ? get32(value->data()) : 0;
@@ -111,8 +113,13 @@ void Checker::readCatalogue() {
 
 void Checker::readObject(std::uint32_t page, std::span<const std::uint8_t> row) {
     const JetCheckTable& objects = *m_tables.front();
-    Object object{page, numberOf(objects, row, "Id"), numberOf(objects, row, "ParentId"), numberOf(objects, row, "Flags"),
-                  static_cast<std::int16_t>(numberOf(objects, row, "Type")), {}, false};
+    Object object{page,
+                  numberOf(objects, row, "Id"),
+                  numberOf(objects, row, "ParentId"),
+                  numberOf(objects, row, "Flags"),
+                  static_cast<std::int16_t>(numberOf(objects, row, "Type")),
+                  {},
+                  false};
     const auto bytes = [&](std::string_view name) {
         const JetColumn* column = objects.column(name);
         return column == nullptr ? std::nullopt : objects.value(row, *column);
@@ -122,13 +129,14 @@ void Checker::readObject(std::uint32_t page, std::span<const std::uint8_t> row) 
     const auto owner = bytes("Owner");
     object.owned = owner && !owner->empty();
     if (const auto [other, added] = m_objects.emplace(object.id, object); !added)
-        m_context.report(page, "The objects \"" + object.name + "\" and \"" + other->second.name + "\" have the same number.");
+        m_context.report(page, "The objects \"" + object.name + "\" and \"" + other->second.name +
+                                   "\" have the same number.");
 }
 
 void Checker::checkTable(const Object& object) {
     if (object.id == 0 || object.id >= m_file.pageCount()) {
-        m_context.report(object.page, "The catalogue says that the table \"" + object.name + "\" is defined on page " + std::to_string(object.id) +
-                                          ", which does not exist.");
+        m_context.report(object.page, "The catalogue says that the table \"" + object.name + "\" is defined on page " +
+                                          std::to_string(object.id) + ", which does not exist.");
         return;
     }
     auto table = std::make_unique<JetCheckTable>(m_context, object.name, object.id);
@@ -136,7 +144,8 @@ void Checker::checkTable(const Object& object) {
         return;
     const bool system = table->definition().tableType == definition::kSystemTable;
     if (system != ((object.flags & kSystemObject) != 0))
-        m_context.report(object.id, "The definition and the catalogue do not agree whether \"" + object.name + "\" is a system table.");
+        m_context.report(object.id, "The definition and the catalogue do not agree whether \"" + object.name +
+                                        "\" is a system table.");
     m_tables.push_back(std::move(table));
 }
 
@@ -179,18 +188,22 @@ void Checker::checkCatalogue() {
         std::int16_t type;
         std::uint32_t parent;
     };
-    constexpr Needed needed[] = {
-        {kTablesId, "Tables", kContainerObject, kRootId},           {kDatabasesId, "Databases", kContainerObject, kRootId},
-        {kRelationshipsId, "Relationships", kContainerObject, kRootId}, {kDatabaseObjectId, "MSysDb", kDatabaseObject, kDatabasesId},
-        {kObjectsPage, "MSysObjects", kTableObject, kTablesId},     {kAcesPage, "MSysACEs", kTableObject, kTablesId},
-        {kQueriesPage, "MSysQueries", kTableObject, kTablesId},     {kRelationshipsPage, "MSysRelationships", kTableObject, kTablesId}};
+    constexpr Needed needed[] = {{kTablesId, "Tables", kContainerObject, kRootId},
+                                 {kDatabasesId, "Databases", kContainerObject, kRootId},
+                                 {kRelationshipsId, "Relationships", kContainerObject, kRootId},
+                                 {kDatabaseObjectId, "MSysDb", kDatabaseObject, kDatabasesId},
+                                 {kObjectsPage, "MSysObjects", kTableObject, kTablesId},
+                                 {kAcesPage, "MSysACEs", kTableObject, kTablesId},
+                                 {kQueriesPage, "MSysQueries", kTableObject, kTablesId},
+                                 {kRelationshipsPage, "MSysRelationships", kTableObject, kTablesId}};
     for (const Needed& one : needed) {
         const auto found = m_objects.find(one.id);
         if (found == m_objects.end())
             m_context.report(kObjectsPage, "The catalogue lacks the object \"" + std::string(one.name) + "\".");
-        else if (found->second.name != one.name || found->second.type != one.type || found->second.parent != one.parent ||
-                 (found->second.flags & kSystemObject) == 0)
-            m_context.report(found->second.page, "The catalogue's row of the object \"" + std::string(one.name) + "\" is not as it should be.");
+        else if (found->second.name != one.name || found->second.type != one.type ||
+                 found->second.parent != one.parent || (found->second.flags & kSystemObject) == 0)
+            m_context.report(found->second.page, "The catalogue's row of the object \"" + std::string(one.name) +
+                                                     "\" is not as it should be.");
     }
     for (const auto& [id, object] : m_objects)
         checkObject(object);
@@ -213,11 +226,13 @@ void Checker::checkAces() {
         const std::uint32_t object = numberOf(*aces, row, "ObjectId");
         granted.insert(object);
         if (!m_objects.contains(object))
-            m_context.report(pointer >> 8, "Row " + std::to_string(pointer & 0xFF) + " of the page grants rights on the object " +
-                                               std::to_string(object) + ", which does not exist.");
+            m_context.report(pointer >> 8, "Row " + std::to_string(pointer & 0xFF) +
+                                               " of the page grants rights on the object " + std::to_string(object) +
+                                               ", which does not exist.");
         const auto sid = who == nullptr ? std::nullopt : aces->value(row, *who);
         if (!sid || sid->empty())
-            m_context.report(pointer >> 8, "Row " + std::to_string(pointer & 0xFF) + " of the page grants rights to nobody.");
+            m_context.report(pointer >> 8,
+                             "Row " + std::to_string(pointer & 0xFF) + " of the page grants rights to nobody.");
     }
     // Access leaves some of its own objects (settings, the layout of windows) without rights.
     for (const auto& [id, object] : m_objects)
@@ -236,15 +251,20 @@ void Checker::checkPages() {
         if (m_free.contains(number))
             continue;
         m_file.read(number, page);
-        const bool rows = page.type() == PageType::Data && page.owner() != data::kLongValueOwner && table(page.owner()) != nullptr;
-        m_context.report(number, rows ? "The page holds rows of the table \"" + table(page.owner())->name() + "\", which does not list it."
-                                 : page.type() == PageType::Definition ? "The page defines a table that the catalogue does not list."
-                                                                       : "The page belongs to nothing and is not free.");
+        const bool rows =
+            page.type() == PageType::Data && page.owner() != data::kLongValueOwner && table(page.owner()) != nullptr;
+        m_context.report(number, rows ? "The page holds rows of the table \"" + table(page.owner())->name() +
+                                            "\", which does not list it."
+                                 : page.type() == PageType::Definition
+                                     ? "The page defines a table that the catalogue does not list."
+                                     : "The page belongs to nothing and is not free.");
     }
 }
 } // namespace
 
-std::vector<JetViolation> jet::checkRules(const JetFile& file) { return Checker(file).run(); }
+std::vector<JetViolation> jet::checkRules(const JetFile& file) {
+    return Checker(file).run();
+}
 
 std::vector<JetViolation> checkJet(const std::string& path) {
     const JetFile file(path);

@@ -7,12 +7,18 @@ namespace odbc::jet {
 namespace {
 const char* nameOf(PageType type) {
     switch (type) {
-    case PageType::Header: return "a header page";
-    case PageType::Data: return "a data page";
-    case PageType::Definition: return "a table definition";
-    case PageType::IndexNode: return "an index node";
-    case PageType::IndexLeaf: return "an index leaf";
-    case PageType::Bitmap: return "a page of a usage map";
+    case PageType::Header:
+        return "a header page";
+    case PageType::Data:
+        return "a data page";
+    case PageType::Definition:
+        return "a table definition";
+    case PageType::IndexNode:
+        return "an index node";
+    case PageType::IndexLeaf:
+        return "an index leaf";
+    case PageType::Bitmap:
+        return "a page of a usage map";
     }
     return "a page";
 }
@@ -58,17 +64,18 @@ std::vector<JetSlot> JetCheckContext::rowsOf(std::uint32_t number, JetPage& page
                 report(number, "Row " + std::to_string(row) + " of the page does not lie behind the rows before it.");
             return {};
         }
-        slots.push_back({static_cast<std::uint16_t>(entry & (data::kDeleted | data::kOverflow)), {page.at(offset), end - offset}});
+        slots.push_back(
+            {static_cast<std::uint16_t>(entry & (data::kDeleted | data::kOverflow)), {page.at(offset), end - offset}});
         end = offset;
     }
     if (first && get16(page.at(data::kFree)) != end - begin)
-        report(number, "The page says that " + std::to_string(get16(page.at(data::kFree))) + " bytes are free, but there are " +
-                           std::to_string(end - begin) + ".");
+        report(number, "The page says that " + std::to_string(get16(page.at(data::kFree))) +
+                           " bytes are free, but there are " + std::to_string(end - begin) + ".");
     return slots;
 }
 
-std::optional<std::vector<std::uint8_t>> JetCheckContext::mapRow(std::uint32_t pointer, std::uint32_t from, std::uint32_t owner,
-                                                                 const std::string& what) {
+std::optional<std::vector<std::uint8_t>> JetCheckContext::mapRow(std::uint32_t pointer, std::uint32_t from,
+                                                                 std::uint32_t owner, const std::string& what) {
     const std::uint32_t number = pointer >> 8;
     if (number == 0 || number >= m_file->pageCount()) {
         report(from, "The pointer to " + what + " leads nowhere.");
@@ -98,7 +105,8 @@ std::optional<std::vector<std::uint8_t>> JetCheckContext::mapRow(std::uint32_t p
     return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
 }
 
-std::vector<std::uint64_t> JetCheckContext::bitsOf(const std::vector<std::uint8_t>& row, std::uint32_t page, const std::string& what) {
+std::vector<std::uint64_t> JetCheckContext::bitsOf(const std::vector<std::uint8_t>& row, std::uint32_t page,
+                                                   const std::string& what) {
     std::vector<std::uint64_t> pages;
     const auto collect = [&](std::uint64_t first, const std::uint8_t* bits, std::size_t size) {
         for (std::size_t i = 0; i < 8 * size; ++i)
@@ -141,7 +149,8 @@ std::set<std::uint32_t> JetCheckContext::freePages(std::uint32_t pointer) {
     if (const auto row = mapRow(pointer, 0, 1, what)) {
         std::size_t reach = usage::kInlinePages;
         if (row->front() == usage::kReference)
-            for (reach = 0; reach < usage::kReferences * usage::kPagesPerBitmap && get32(row->data() + 1 + 4 * (reach / usage::kPagesPerBitmap)) != 0;)
+            for (reach = 0; reach < usage::kReferences * usage::kPagesPerBitmap &&
+                            get32(row->data() + 1 + 4 * (reach / usage::kPagesPerBitmap)) != 0;)
                 reach += usage::kPagesPerBitmap;
         std::size_t behind = 0;
         for (const std::uint64_t page : bitsOf(*row, pointer >> 8, what)) {

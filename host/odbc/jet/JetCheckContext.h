@@ -34,8 +34,10 @@ public:
     std::set<std::uint32_t> freePages(std::uint32_t pointer);
 
 private:
-    std::optional<std::vector<std::uint8_t>> mapRow(std::uint32_t pointer, std::uint32_t from, std::uint32_t owner, const std::string& what);
-    std::vector<std::uint64_t> bitsOf(const std::vector<std::uint8_t>& row, std::uint32_t page, const std::string& what);
+    std::optional<std::vector<std::uint8_t>> mapRow(std::uint32_t pointer, std::uint32_t from, std::uint32_t owner,
+                                                    const std::string& what);
+    std::vector<std::uint64_t> bitsOf(const std::vector<std::uint8_t>& row, std::uint32_t page,
+                                      const std::string& what);
 
     const JetFile* m_file;
     std::vector<JetViolation> m_found;

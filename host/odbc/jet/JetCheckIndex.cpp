@@ -12,7 +12,8 @@ namespace {
 constexpr int kMaxDepth = 12;
 
 std::uint32_t bigEndian(const std::uint8_t* at) {
-    return static_cast<std::uint32_t>(at[0]) << 24 | static_cast<std::uint32_t>(at[1]) << 16 | static_cast<std::uint32_t>(at[2]) << 8 | at[3];
+    return static_cast<std::uint32_t>(at[0]) << 24 | static_cast<std::uint32_t>(at[1]) << 16 |
+           static_cast<std::uint32_t>(at[2]) << 8 | at[3];
 }
 
 // Reads the key of a text backwards, as it were: each weight must be that of the text's next
@@ -52,8 +53,8 @@ std::optional<bool> takesText(std::span<const std::uint8_t>& key, const std::u16
                 ++place;
                 continue;
             }
-            if (at + 4 > key.size() || ((key[at] << 8 | key[at + 1]) & 0x7FFF) != static_cast<int>(7 + 4 * place) || key[at + 2] != 6 ||
-                key[at + 3] != weight.last)
+            if (at + 4 > key.size() || ((key[at] << 8 | key[at + 1]) & 0x7FFF) != static_cast<int>(7 + 4 * place) ||
+                key[at + 2] != 6 || key[at + 3] != weight.last)
                 return false;
             at += 4;
         }
@@ -66,10 +67,12 @@ std::optional<bool> takesText(std::span<const std::uint8_t>& key, const std::u16
 } // namespace
 
 JetCheckIndexTree::JetCheckIndexTree(JetCheckContext& context, const JetCheckTable& table, const JetCheckIndex& index)
-    : m_context(&context), m_table(&table), m_index(&index), m_what("the index \"" + index.name + "\" of the table \"" + table.name() + "\"") {}
+    : m_context(&context), m_table(&table), m_index(&index),
+      m_what("the index \"" + index.name + "\" of the table \"" + table.name() + "\"") {}
 
 void JetCheckIndexTree::check() {
-    const std::set<std::uint32_t> listed = m_context->mapPages(m_index->map, m_table->definition().page(), "the map of " + m_what);
+    const std::set<std::uint32_t> listed =
+        m_context->mapPages(m_index->map, m_table->definition().page(), "the map of " + m_what);
     walk(m_index->root, 0);
     checkLinks();
     for (const std::uint32_t page : listed)
@@ -97,7 +100,8 @@ std::vector<JetCheckIndexTree::Key> JetCheckIndexTree::entriesOf(const JetPage& 
         begin = end;
     }
     if (get16(page.at(index::kFree)) != index::kCapacity - begin)
-        m_context->report(page.number, "The page says that " + std::to_string(get16(page.at(index::kFree))) + " bytes are free, but there are " +
+        m_context->report(page.number, "The page says that " + std::to_string(get16(page.at(index::kFree))) +
+                                           " bytes are free, but there are " +
                                            std::to_string(index::kCapacity - begin) + ".");
     return entries;
 }
@@ -112,7 +116,8 @@ std::optional<JetCheckIndexTree::Bounds> JetCheckIndexTree::walk(std::uint32_t n
         return std::nullopt;
     m_pages.insert(number);
     if (get32(page.at(index::kOwner)) != m_table->definition().page())
-        m_context->report(number, "The page serves " + m_what + ", but belongs to the table " + std::to_string(get32(page.at(index::kOwner))) + ".");
+        m_context->report(number, "The page serves " + m_what + ", but belongs to the table " +
+                                      std::to_string(get32(page.at(index::kOwner))) + ".");
     if (node)
         return walkNode(page, depth);
     m_leaves.push_back({number, get32(page.at(index::kPrevious)), get32(page.at(index::kNext))});
@@ -143,8 +148,10 @@ std::optional<JetCheckIndexTree::Bounds> JetCheckIndexTree::walkNode(const JetPa
         const auto bounds = walk(children[i].second, depth + 1);
         if (!bounds)
             continue;
-        if ((!children[i].first.empty() && bounds->greatest > children[i].first) || (i > 0 && bounds->least <= children[i - 1].first))
-            m_context->report(page.number, "The node does not tell the bounds of its child, page " + std::to_string(children[i].second) + ".");
+        if ((!children[i].first.empty() && bounds->greatest > children[i].first) ||
+            (i > 0 && bounds->least <= children[i - 1].first))
+            m_context->report(page.number, "The node does not tell the bounds of its child, page " +
+                                               std::to_string(children[i].second) + ".");
         if (!all)
             all = bounds;
         all->greatest = bounds->greatest;
@@ -158,7 +165,8 @@ void JetCheckIndexTree::checkLinks() {
            !m_context->claimed(m_leaves.back().next))
         walk(m_leaves.back().next, kMaxDepth);
     for (std::size_t i = 0; i < m_leaves.size(); ++i) {
-        const std::uint32_t previous = i == 0 ? 0 : m_leaves[i - 1].number, next = i + 1 == m_leaves.size() ? 0 : m_leaves[i + 1].number;
+        const std::uint32_t previous = i == 0 ? 0 : m_leaves[i - 1].number,
+                            next = i + 1 == m_leaves.size() ? 0 : m_leaves[i + 1].number;
         if (m_leaves[i].previous != previous || m_leaves[i].next != next)
             m_context->report(m_leaves[i].number, "The leaf is not chained to its neighbours in " + m_what + ".");
     }
@@ -187,29 +195,36 @@ void JetCheckIndexTree::checkEntries() {
     for (const auto& [row, bytes] : m_table->rows()) {
         const std::uint32_t entries = seen.contains(row) ? seen[row] : 0;
         if (entries == 0 && !((m_index->flags & index::kIgnoreNulls) != 0 && allNull(bytes)))
-            m_context->report(row >> 8, "Row " + std::to_string(row & 0xFF) + " of the page is missing from " + m_what + ".");
+            m_context->report(row >> 8,
+                              "Row " + std::to_string(row & 0xFF) + " of the page is missing from " + m_what + ".");
         if (entries > 1)
-            m_context->report(row >> 8, "Row " + std::to_string(row & 0xFF) + " of the page stands more than once in " + m_what + ".");
+            m_context->report(row >> 8, "Row " + std::to_string(row & 0xFF) + " of the page stands more than once in " +
+                                            m_what + ".");
     }
     // Access leaves the count as it was when it deletes, so it may be greater. In the engine's own
     // tables it is never smaller; in others Access lets it lag, but a count of 0 makes it blind.
-    const std::size_t least = m_table->definition().tableType == definition::kSystemTable ? distinct : std::min<std::size_t>(distinct, 1);
+    const std::size_t least =
+        m_table->definition().tableType == definition::kSystemTable ? distinct : std::min<std::size_t>(distinct, 1);
     if (m_index->said < least)
-        m_context->report(m_table->definition().page(), "The definition counts " + std::to_string(m_index->said) + " keys in " + m_what + ", but there are " +
+        m_context->report(m_table->definition().page(), "The definition counts " + std::to_string(m_index->said) +
+                                                            " keys in " + m_what + ", but there are " +
                                                             std::to_string(distinct) + ".");
 }
 
 void JetCheckIndexTree::checkKey(const Key& entry, std::uint32_t row) {
     const auto found = m_table->rows().find(row);
     if (found == m_table->rows().end()) {
-        m_context->report(row >> 8, "An entry of " + m_what + " leads to row " + std::to_string(row & 0xFF) + " of the page, which is not there.");
+        m_context->report(row >> 8, "An entry of " + m_what + " leads to row " + std::to_string(row & 0xFF) +
+                                        " of the page, which is not there.");
         return;
     }
     if (!agrees(std::span(entry).first(entry.size() - 4), found->second).value_or(true))
-        m_context->report(row >> 8, "The key of row " + std::to_string(row & 0xFF) + " of the page in " + m_what + " is not that of its values.");
+        m_context->report(row >> 8, "The key of row " + std::to_string(row & 0xFF) + " of the page in " + m_what +
+                                        " is not that of its values.");
 }
 
-std::optional<bool> JetCheckIndexTree::agrees(std::span<const std::uint8_t> key, std::span<const std::uint8_t> row) const {
+std::optional<bool> JetCheckIndexTree::agrees(std::span<const std::uint8_t> key,
+                                              std::span<const std::uint8_t> row) const {
     for (const JetCheckIndex::Part& part : m_index->parts) {
         const JetColumn* column = m_table->column(part.column);
         if (column == nullptr || !part.ascending || (!column->is(ColumnType::Long) && !column->is(ColumnType::Text)))

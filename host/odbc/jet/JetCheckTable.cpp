@@ -14,25 +14,36 @@ constexpr std::size_t kMaxCompressedMemo = 1024;
 std::size_t sizeOf(ColumnType type) {
     switch (type) {
     case ColumnType::Bool:
-    case ColumnType::Byte: return 1;
-    case ColumnType::Short: return 2;
+    case ColumnType::Byte:
+        return 1;
+    case ColumnType::Short:
+        return 2;
     case ColumnType::Long:
-    case ColumnType::Single: return 4;
+    case ColumnType::Single:
+        return 4;
     case ColumnType::Currency:
     case ColumnType::Double:
-    case ColumnType::Date: return 8;
-    case ColumnType::Guid: return 16;
-    case ColumnType::Numeric: return 17;
+    case ColumnType::Date:
+        return 8;
+    case ColumnType::Guid:
+        return 16;
+    case ColumnType::Numeric:
+        return 17;
     case ColumnType::Binary:
     case ColumnType::Text:
     case ColumnType::Ole:
-    case ColumnType::Memo: return 0;
+    case ColumnType::Memo:
+        return 0;
     }
     return 0;
 }
 // 17 is a block of fixed size in a table that Access 2000 keeps for itself.
-bool isKnown(std::uint8_t type) { return (type >= 1 && type <= 12) || (type >= 15 && type <= 17); }
-bool isLong(const JetColumn& column) { return column.is(ColumnType::Memo) || column.is(ColumnType::Ole); }
+bool isKnown(std::uint8_t type) {
+    return (type >= 1 && type <= 12) || (type >= 15 && type <= 17);
+}
+bool isLong(const JetColumn& column) {
+    return column.is(ColumnType::Memo) || column.is(ColumnType::Ole);
+}
 
 std::string pointerText(std::uint32_t pointer) {
     return "row " + std::to_string(pointer & 0xFF) + " of page " + std::to_string(pointer >> 8);
@@ -95,14 +106,16 @@ void JetCheckTable::checkColumns() {
     std::size_t fixedEnd = 0;
     for (const auto& [number, column] : m_byNumber) {
         checkColumn(*column);
-        const std::size_t least = before == nullptr ? 0 : before->variableIndex + (before->fixed() ? std::size_t{0} : 1);
+        const std::size_t least =
+            before == nullptr ? 0 : before->variableIndex + (before->fixed() ? std::size_t{0} : 1);
         const bool next = before == nullptr ? number == 0 : number == before->number + 1;
         if (column->variableIndex < least || (next && column->variableIndex != least))
             report(m_page, "The column \"" + column->name + "\" of the table " + quoted() + " has the variable index " +
                                std::to_string(column->variableIndex) + " instead of " + std::to_string(least) + ".");
         if (column->fixed() && !column->is(ColumnType::Bool)) {
             if (column->fixedOffset < fixedEnd)
-                report(m_page, "The column \"" + column->name + "\" of the table " + quoted() + " overlaps the one before it.");
+                report(m_page,
+                       "The column \"" + column->name + "\" of the table " + quoted() + " overlaps the one before it.");
             fixedEnd = column->fixedOffset + std::size_t{column->length};
         }
         variables += column->fixed() ? 0 : 1;
@@ -126,8 +139,10 @@ void JetCheckTable::checkColumn(const JetColumn& column) {
         report(m_page, what + " has a number behind the last one.");
     const auto type = static_cast<ColumnType>(column.type);
     if (const std::size_t size = sizeOf(type); size != 0 && column.length != size)
-        report(m_page, what + " has the length " + std::to_string(column.length) + " instead of " + std::to_string(size) + ".");
-    if (type == ColumnType::Text && (column.length % 2 != 0 || column.length > 2 * kMaxTextLength || column.length == 0))
+        report(m_page,
+               what + " has the length " + std::to_string(column.length) + " instead of " + std::to_string(size) + ".");
+    if (type == ColumnType::Text &&
+        (column.length % 2 != 0 || column.length > 2 * kMaxTextLength || column.length == 0))
         report(m_page, what + " has a length that no text can have.");
     if (isLong(column) && column.length != 0)
         report(m_page, what + " has a length, though long values have none.");
@@ -146,7 +161,8 @@ void JetCheckTable::checkColumn(const JetColumn& column) {
 void JetCheckTable::checkColumnBytes(std::size_t listed) {
     const std::uint8_t* at = m_definition.bytes.data() + m_definition.columnsAt + listed * definition::kColumnSize;
     if (get32(at + 1) != definition::kMarkValue)
-        report(m_page, "The column \"" + m_definition.columns[listed].name + "\" of the table " + quoted() + " lacks the mark 1625.");
+        report(m_page, "The column \"" + m_definition.columns[listed].name + "\" of the table " + quoted() +
+                           " lacks the mark 1625.");
 }
 
 // What follows the columns: real indexes, indexes, their names, the maps of the long columns.
@@ -203,8 +219,9 @@ void JetCheckTable::readTail() {
     }
     at += 2;
     if (get32(bytes.data() + definition::kLength) != at)
-        report(m_page, "The definition of the table " + quoted() + " says that it is " + std::to_string(get32(bytes.data() + definition::kLength)) +
-                           " bytes long, but it has " + std::to_string(at) + ".");
+        report(m_page, "The definition of the table " + quoted() + " says that it is " +
+                           std::to_string(get32(bytes.data() + definition::kLength)) + " bytes long, but it has " +
+                           std::to_string(at) + ".");
 }
 
 void JetCheckTable::checkLongMaps() {
@@ -239,16 +256,18 @@ void JetCheckTable::checkLongMaps() {
 }
 
 void JetCheckTable::checkRows() {
-    const std::set<std::uint32_t> used = m_context->mapPages(m_definition.usedMap, m_page, "the map of the table " + quoted());
+    const std::set<std::uint32_t> used =
+        m_context->mapPages(m_definition.usedMap, m_page, "the map of the table " + quoted());
     std::uint32_t count = 0;
     for (const std::uint32_t page : used)
         checkDataPage(page, count);
-    for (const std::uint32_t page : m_context->mapPages(m_definition.freeMap, m_page, "the map of room in the table " + quoted()))
+    for (const std::uint32_t page :
+         m_context->mapPages(m_definition.freeMap, m_page, "the map of room in the table " + quoted()))
         if (!used.contains(page))
             report(page, "The page is said to have room for the table " + quoted() + ", but does not belong to it.");
     if (count != m_definition.rowCount)
-        report(m_page, "The table " + quoted() + " says that it has " + std::to_string(m_definition.rowCount) + " rows, but there are " +
-                           std::to_string(count) + ".");
+        report(m_page, "The table " + quoted() + " says that it has " + std::to_string(m_definition.rowCount) +
+                           " rows, but there are " + std::to_string(count) + ".");
 }
 
 void JetCheckTable::checkDataPage(std::uint32_t number, std::uint32_t& count) {
@@ -257,7 +276,8 @@ void JetCheckTable::checkDataPage(std::uint32_t number, std::uint32_t& count) {
     JetPage page, other;
     const std::vector<JetSlot> slots = m_context->rowsOf(number, page);
     if (page.owner() != m_page) {
-        report(number, "The page is listed by the table " + quoted() + ", but belongs to the table " + std::to_string(page.owner()) + ".");
+        report(number, "The page is listed by the table " + quoted() + ", but belongs to the table " +
+                           std::to_string(page.owner()) + ".");
         return;
     }
     for (std::size_t i = 0; i < slots.size(); ++i) {
@@ -269,10 +289,12 @@ void JetCheckTable::checkDataPage(std::uint32_t number, std::uint32_t& count) {
         if ((slot.flags & data::kOverflow) != 0) {
             const std::uint32_t pointer = slot.bytes.size() < 4 ? 0 : get32(slot.bytes.data());
             const bool there = pointer != 0 && pointer >> 8 < m_context->file().pageCount();
-            const std::vector<JetSlot> targets = there ? m_context->rowsOf(at = pointer >> 8, other) : std::vector<JetSlot>{};
-            if (!there || other.type() != PageType::Data || other.owner() != m_page || (pointer & 0xFF) >= targets.size() ||
-                targets[pointer & 0xFF].flags != data::kDeleted) {
-                report(number, "Row " + std::to_string(i) + " of the page moved to " + pointerText(pointer) + ", where it is not.");
+            const std::vector<JetSlot> targets =
+                there ? m_context->rowsOf(at = pointer >> 8, other) : std::vector<JetSlot>{};
+            if (!there || other.type() != PageType::Data || other.owner() != m_page ||
+                (pointer & 0xFF) >= targets.size() || targets[pointer & 0xFF].flags != data::kDeleted) {
+                report(number, "Row " + std::to_string(i) + " of the page moved to " + pointerText(pointer) +
+                                   ", where it is not.");
                 continue;
             }
             slot = targets[pointer & 0xFF];
@@ -328,10 +350,12 @@ bool JetCheckTable::checkRow(std::uint32_t page, std::size_t number, std::span<c
             checkLongValue(page, column, *bytes);
         else if (bytes && column.is(ColumnType::Binary) && bytes->size() > column.length)
             report(page, "A value of the column \"" + column.name + "\" is longer than the column.");
-    }    return true;
+    }
+    return true;
 }
 
-std::optional<std::span<const std::uint8_t>> JetCheckTable::value(std::span<const std::uint8_t> row, const JetColumn& column) const {
+std::optional<std::span<const std::uint8_t>> JetCheckTable::value(std::span<const std::uint8_t> row,
+                                                                  const JetColumn& column) const {
     const std::size_t columns = get16(row.data()), end = row.size() - (columns + 7) / 8;
     if (column.number >= columns || (row[end + column.number / 8] >> (column.number % 8) & 1) == 0)
         return std::nullopt;
@@ -350,7 +374,8 @@ void JetCheckTable::checkText(std::uint32_t page, const JetColumn& column, std::
     std::size_t characters = text.size() / 2;
     if (text.size() >= 2 && text[0] == 0xFF && text[1] == 0xFE) {
         const auto body = text.subspan(2);
-        const bool wideAtOnce = body.size() >= 3 && body[0] == 0 && body[1] == 0xFF && body[2] == 0xFE; // text that begins with U+FEFF
+        const bool wideAtOnce =
+            body.size() >= 3 && body[0] == 0 && body[1] == 0xFF && body[2] == 0xFE; // text that begins with U+FEFF
         characters = wideAtOnce ? (body.size() - 1) / 2 : body.size();
         // The engine compresses memos of its own tables whatever their columns say.
         if ((column.extraFlags & columnbit::kCompressed) == 0 && m_definition.tableType == definition::kUserTable)
@@ -388,7 +413,8 @@ void JetCheckTable::checkLongValue(std::uint32_t page, const JetColumn& column, 
             JetPage bytes;
             const bool there = m_longPages[column.number].contains(pointer >> 8);
             const std::vector<JetSlot> slots = there ? m_context->rowsOf(pointer >> 8, bytes) : std::vector<JetSlot>{};
-            if ((pointer & 0xFF) >= slots.size() || slots[pointer & 0xFF].flags != 0 || (!single && slots[pointer & 0xFF].bytes.size() < 4)) {
+            if ((pointer & 0xFF) >= slots.size() || slots[pointer & 0xFF].flags != 0 ||
+                (!single && slots[pointer & 0xFF].bytes.size() < 4)) {
                 report(page, what + " leads to " + pointerText(pointer) + ", where there is none.");
                 return;
             }
@@ -402,7 +428,8 @@ void JetCheckTable::checkLongValue(std::uint32_t page, const JetColumn& column, 
         } while (pointer != 0);
     }
     if (whole.size() != length)
-        report(page, what + " says that it has " + std::to_string(length) + " bytes, but there are " + std::to_string(whole.size()) + ".");
+        report(page, what + " says that it has " + std::to_string(length) + " bytes, but there are " +
+                         std::to_string(whole.size()) + ".");
     else if (column.is(ColumnType::Memo))
         checkText(page, column, whole);
 }
@@ -414,7 +441,9 @@ void JetCheckTable::checkLongRowsUsed() {
             const std::vector<JetSlot> slots = m_context->rowsOf(page, bytes);
             for (std::size_t i = 0; i < slots.size(); ++i)
                 if (slots[i].flags == 0 && !m_longRows.contains(page << 8 | static_cast<std::uint32_t>(i)))
-                    report(page, "Row " + std::to_string(i) + " of the page is a long value that belongs to no row of the table " + quoted() + ".");
+                    report(page, "Row " + std::to_string(i) +
+                                     " of the page is a long value that belongs to no row of the table " + quoted() +
+                                     ".");
         }
 }
 

@@ -34,7 +34,8 @@ public:
     const std::map<std::uint32_t, std::vector<std::uint8_t>>& rows() const { return m_rows; }
 
     // The bytes of a value in a row that makes sense; nothing where it is null.
-    std::optional<std::span<const std::uint8_t>> value(std::span<const std::uint8_t> row, const JetColumn& column) const;
+    std::optional<std::span<const std::uint8_t>> value(std::span<const std::uint8_t> row,
+                                                       const JetColumn& column) const;
 
 private:
     struct LongMap {

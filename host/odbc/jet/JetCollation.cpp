@@ -11,7 +11,7 @@ namespace {
 constexpr std::u16string_view kPunctuation = u" !\"#$%&()*,./:;?@[\\]^_`{|}~+<=>";
 // The weights of the above in its order; a second byte behind 0x2B.
 constexpr std::array<std::uint16_t, 31> kPunctuationWeights{
-    0x07, 0x09, 0x0A, 0x0C, 0x0E, 0x10, 0x12, 0x14, 0x16, 0x18, 0x1A,   0x1C,   0x1E,   0x20,   0x22,   0x24,
+    0x07, 0x09, 0x0A, 0x0C, 0x0E,   0x10,   0x12,   0x14,   0x16,   0x18,   0x1A,   0x1C, 0x1E, 0x20, 0x22, 0x24,
     0x26, 0x27, 0x29, 0x2A, 0x2B02, 0x2B03, 0x2B07, 0x2B09, 0x2B0B, 0x2B0D, 0x2B0F, 0x2C, 0x2E, 0x30, 0x32};
 static_assert(kPunctuation.size() == kPunctuationWeights.size());
 
@@ -41,7 +41,8 @@ constexpr std::array<Accent, 13> kAccents{{
 
 std::uint8_t letterWeight(char16_t c) {
     const char16_t small = static_cast<char16_t>(c | 0x20);
-    return c < 0x80 && small >= u'a' && small <= u'z' ? kLetterWeights[static_cast<std::size_t>(small - u'a')] : std::uint8_t{0};
+    return c < 0x80 && small >= u'a' && small <= u'z' ? kLetterWeights[static_cast<std::size_t>(small - u'a')]
+                                                      : std::uint8_t{0};
 }
 
 SortWeight accentedWeight(char16_t c) {
@@ -60,8 +61,9 @@ SortWeight sortWeightOf(char16_t c) {
         return {static_cast<std::uint8_t>(0x36 + 2 * (c - u'0')), 0, 2, 0};
     if (const std::size_t at = kPunctuation.find(c); at != std::u16string_view::npos) {
         const std::uint16_t weight = kPunctuationWeights[at];
-        return weight < 0x100 ? SortWeight{static_cast<std::uint8_t>(weight), 0, 2, 0}
-                              : SortWeight{static_cast<std::uint8_t>(weight >> 8), static_cast<std::uint8_t>(weight), 2, 0};
+        return weight < 0x100
+                   ? SortWeight{static_cast<std::uint8_t>(weight), 0, 2, 0}
+                   : SortWeight{static_cast<std::uint8_t>(weight >> 8), static_cast<std::uint8_t>(weight), 2, 0};
     }
     if (c == u'\'')
         return {0, 0, 2, 0x80};

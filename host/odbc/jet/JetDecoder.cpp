@@ -9,7 +9,9 @@
 namespace odbc::jet {
 
 namespace {
-iconv_t handleOf(void* stored) { return static_cast<iconv_t>(stored); }
+iconv_t handleOf(void* stored) {
+    return static_cast<iconv_t>(stored);
+}
 
 void appendWide(std::span<const std::uint8_t> bytes, std::u16string& out) {
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
@@ -57,7 +59,8 @@ void* JetDecoder::converter(std::uint16_t codePage) {
         return found->second;
     const iconv_t made = iconv_open("UTF-8", ("CP" + std::to_string(codePage)).c_str());
     if (made == reinterpret_cast<iconv_t>(-1))
-        throw StoreError("The file \"" + m_file->name() + "\" has text in the code page " + std::to_string(codePage) + ", which is not known here.");
+        throw StoreError("The file \"" + m_file->name() + "\" has text in the code page " + std::to_string(codePage) +
+                         ", which is not known here.");
     return m_converters.emplace(codePage, made).first->second;
 }
 
@@ -95,7 +98,9 @@ void JetDecoder::appendLongValue(std::span<const std::uint8_t> inRow, std::strin
         m_file->damaged("a long value has no whole head");
     const std::uint32_t head = get32(inRow.data());
     const std::size_t length = head & longvalue::kLengthMask;
-    const auto append = [&](std::span<const std::uint8_t> bytes) { out.append(reinterpret_cast<const char*>(bytes.data()), bytes.size()); };
+    const auto append = [&](std::span<const std::uint8_t> bytes) {
+        out.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    };
     if (head & longvalue::kInline) {
         const auto rest = inRow.subspan(longvalue::kHeader);
         if (rest.size() < length)

@@ -14,7 +14,8 @@ struct Layout {
     std::size_t rowCount, tableType, maxColumns, indexes, usedMap, body;
     std::size_t indexCountSize, columnSize, nameLengthSize;
 };
-constexpr Layout kJet4{definition::kRowCount,       definition::kTableType, definition::kMaxColumns, definition::kIndexes, definition::kUsedMap, definition::kBody,
+constexpr Layout kJet4{definition::kRowCount,       definition::kTableType,  definition::kMaxColumns,
+                       definition::kIndexes,        definition::kUsedMap,    definition::kBody,
                        definition::kIndexCountSize, definition::kColumnSize, 2};
 constexpr Layout kJet3{12, 20, 21, 27, 35, 43, 8, 18, 1};
 
@@ -80,7 +81,8 @@ JetDefinition readDefinition(const JetFile& file, std::uint32_t page, JetDecoder
     result.usedMap = get32(at + layout.usedMap);
     result.freeMap = get32(at + layout.usedMap + 4);
     if (columns > kMaxColumns || result.realIndexes > 1000 || result.indexes > 1000)
-        file.damaged("the table on page " + std::to_string(page) + " has more columns or indexes than a table can have");
+        file.damaged("the table on page " + std::to_string(page) +
+                     " has more columns or indexes than a table can have");
 
     std::size_t offset = layout.body + layout.indexCountSize * result.realIndexes;
     result.columnsAt = offset;

@@ -13,7 +13,7 @@ struct JetColumn {
     std::uint16_t number = 0; // counts deleted columns
     std::uint16_t variableIndex = 0;
     std::uint16_t ordinal = 0;
-    std::uint16_t detail = 0; // the sort order; precision and scale of Numeric, a byte each
+    std::uint16_t detail = 0;   // the sort order; precision and scale of Numeric, a byte each
     std::uint16_t codePage = 0; // Jet 3 text
     std::uint8_t flags = 0, extraFlags = 0;
     std::uint16_t fixedOffset = 0;
@@ -23,8 +23,8 @@ struct JetColumn {
 };
 
 struct JetDefinition {
-    std::vector<std::uint32_t> pages; // that it stands on
-    std::vector<std::uint8_t> bytes;  // joined: the first page whole, the others without their headers
+    std::vector<std::uint32_t> pages;          // that it stands on
+    std::vector<std::uint8_t> bytes;           // joined: the first page whole, the others without their headers
     std::size_t columnsAt = 0, columnsEnd = 0; // in `bytes`: the first column, and what follows the names
     std::uint32_t rowCount = 0;
     std::uint8_t tableType = 0;

@@ -13,12 +13,14 @@
 namespace odbc::jet {
 
 namespace {
-bool hasText(const std::uint8_t* at, const char* text) { return std::memcmp(at, text, std::strlen(text)) == 0; }
+bool hasText(const std::uint8_t* at, const char* text) {
+    return std::memcmp(at, text, std::strlen(text)) == 0;
+}
 } // namespace
 
 JetFile::JetFile(const std::string& path) : m_name(path) {
     m_file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a pipe must not hold us up
-    struct stat status{};
+    struct stat status {};
     if (m_file < 0 || ::fstat(m_file, &status) != 0) {
         const int error = errno;
         if (m_file >= 0)
@@ -42,7 +44,8 @@ JetFile::JetFile(const std::string& path) : m_name(path) {
     }
 }
 
-JetFile::JetFile(std::string name, std::span<const std::uint8_t> bytes) : m_name(std::move(name)), m_bytes(bytes), m_size(bytes.size()) {
+JetFile::JetFile(std::string name, std::span<const std::uint8_t> bytes)
+    : m_name(std::move(name)), m_bytes(bytes), m_size(bytes.size()) {
     readHeader();
 }
 
@@ -51,7 +54,9 @@ JetFile::~JetFile() {
         ::close(m_file);
 }
 
-void JetFile::damaged(const std::string& why) const { throw StoreError("The file \"" + m_name + "\" is damaged: " + why + "."); }
+void JetFile::damaged(const std::string& why) const {
+    throw StoreError("The file \"" + m_name + "\" is damaged: " + why + ".");
+}
 
 void JetFile::readHeader() {
     const std::string what = "The file \"" + m_name + "\" is no Access database.";
@@ -60,7 +65,8 @@ void JetFile::readHeader() {
         throw StoreError(what);
     readBytes(0, m_header.bytes.data(), static_cast<std::size_t>(std::min<std::uint64_t>(kPageSize, m_size)));
     if (hasText(m_header.at(4), "Standard ACE DB"))
-        throw StoreError("The file \"" + m_name + "\" is a database of Access 2007 or later (.accdb); save it as .mdb in Access.");
+        throw StoreError("The file \"" + m_name +
+                         "\" is a database of Access 2007 or later (.accdb); save it as .mdb in Access.");
     if (m_header.bytes[0] != 0 || !hasText(m_header.at(4), "Standard Jet DB") || m_header.bytes[header::kVersion] > 1)
         throw StoreError(what);
     m_jet3 = m_header.bytes[header::kVersion] == 0;
@@ -98,7 +104,8 @@ void JetFile::readBytes(std::uint64_t offset, std::uint8_t* out, std::size_t siz
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
-            throw StoreError("The file \"" + m_name + "\" could not be read" + (got < 0 ? std::string(": ") + std::strerror(errno) : "") + ".");
+            throw StoreError("The file \"" + m_name + "\" could not be read" +
+                             (got < 0 ? std::string(": ") + std::strerror(errno) : "") + ".");
         out += got;
         size -= static_cast<std::size_t>(got);
         offset += static_cast<std::uint64_t>(got);
@@ -124,10 +131,13 @@ JetSlot slotOf(const JetFile& file, const JetPage& page, std::size_t row) {
     const auto offset = [&](std::size_t i) { return get16(page.at(table + 2 * i)); };
     if (row >= count)
         file.damaged("page " + std::to_string(page.number) + " has no row " + std::to_string(row));
-    const std::size_t begin = offset(row) & data::kOffset, end = row == 0 ? file.pageSize() : offset(row - 1) & data::kOffset;
+    const std::size_t begin = offset(row) & data::kOffset,
+                      end = row == 0 ? file.pageSize() : offset(row - 1) & data::kOffset;
     if (begin > end || end > file.pageSize() || begin < table + 2 * count)
-        file.damaged("row " + std::to_string(row) + " of page " + std::to_string(page.number) + " has no sensible place");
-    return {static_cast<std::uint16_t>(offset(row) & (data::kDeleted | data::kOverflow)), {page.at(begin), end - begin}};
+        file.damaged("row " + std::to_string(row) + " of page " + std::to_string(page.number) +
+                     " has no sensible place");
+    return {static_cast<std::uint16_t>(offset(row) & (data::kDeleted | data::kOverflow)),
+            {page.at(begin), end - begin}};
 }
 
 JetSlot slotAt(const JetFile& file, std::uint32_t pointer, JetPage& page) {
@@ -149,7 +159,8 @@ std::vector<std::uint32_t> pagesOfMap(const JetFile& file, std::uint32_t pointer
                 if (bits[i] >> bit & 1u) {
                     const std::uint64_t number = first + 8 * i + bit;
                     if (number >= file.pageCount())
-                        file.damaged("a usage map lists page " + std::to_string(number) + ", but there are " + std::to_string(file.pageCount()) + " pages");
+                        file.damaged("a usage map lists page " + std::to_string(number) + ", but there are " +
+                                     std::to_string(file.pageCount()) + " pages");
                     pages.push_back(static_cast<std::uint32_t>(number));
                 }
     };

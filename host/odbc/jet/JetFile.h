@@ -34,7 +34,7 @@ public:
     bool jet3() const { return m_jet3; }
     std::size_t pageSize() const { return m_jet3 ? kPageSize / 2 : kPageSize; }
     std::uint32_t pageCount() const { return static_cast<std::uint32_t>(m_size / pageSize()); }
-    std::uint16_t codePage() const { return m_codePage; } // of text in Jet 3
+    std::uint16_t codePage() const { return m_codePage; }  // of text in Jet 3
     const JetPage& headerPage() const { return m_header; } // unmasked
 
     // Throws StoreError where there is no such page.

@@ -15,14 +15,27 @@ inline constexpr std::size_t kPageSize = 4096; // Jet 4; 2048 in Jet 3
 enum class PageType : std::uint8_t { Header = 0, Data = 1, Definition = 2, IndexNode = 3, IndexLeaf = 4, Bitmap = 5 };
 
 enum class ColumnType : std::uint8_t {
-    Bool = 1, Byte, Short, Long, Currency, Single, Double, Date, Binary, Text, Ole, Memo, Guid = 15, Numeric = 16
+    Bool = 1,
+    Byte,
+    Short,
+    Long,
+    Currency,
+    Single,
+    Double,
+    Date,
+    Binary,
+    Text,
+    Ole,
+    Memo,
+    Guid = 15,
+    Numeric = 16
 };
 
 namespace columnbit {
-inline constexpr std::uint8_t kFixed = 0x01;    // lies in the fixed part of the row
+inline constexpr std::uint8_t kFixed = 0x01; // lies in the fixed part of the row
 inline constexpr std::uint8_t kNullable = 0x02;
 inline constexpr std::uint8_t kSystem = 0x10;
-inline constexpr std::uint8_t kMasked = 0x20;   // the two columns that hold security identifiers
+inline constexpr std::uint8_t kMasked = 0x20;     // the two columns that hold security identifiers
 inline constexpr std::uint8_t kCompressed = 0x01; // in the second byte: compressed Unicode allowed
 } // namespace columnbit
 
@@ -94,8 +107,8 @@ namespace longvalue {
 inline constexpr std::size_t kHeader = 12;
 inline constexpr std::uint32_t kInline = 0x80000000, kSinglePage = 0x40000000, kLengthMask = 0x3FFFFFFF;
 inline constexpr std::size_t kMaxInline = 64;
-inline constexpr std::size_t kMaxRow = 4076;              // of one page
-inline constexpr std::size_t kMaxPiece = kMaxRow - 4;     // of a chain, whose rows begin with a pointer
+inline constexpr std::size_t kMaxRow = 4076;          // of one page
+inline constexpr std::size_t kMaxPiece = kMaxRow - 4; // of a chain, whose rows begin with a pointer
 } // namespace longvalue
 
 // The catalogue.
@@ -109,9 +122,15 @@ inline constexpr std::uint16_t kGeneralSortOrder = 1033;
 inline constexpr std::size_t kMaxNameLength = 64, kMaxColumns = 255, kMaxTextLength = 255;
 inline constexpr std::uint32_t kMaxPages = 0x7FFFFFFF / kPageSize; // 2 GB
 
-inline std::uint16_t get16(const std::uint8_t* at) { return static_cast<std::uint16_t>(at[0] | at[1] << 8); }
-inline std::uint32_t get32(const std::uint8_t* at) { return get16(at) | static_cast<std::uint32_t>(get16(at + 2)) << 16; }
-inline std::uint64_t get64(const std::uint8_t* at) { return get32(at) | static_cast<std::uint64_t>(get32(at + 4)) << 32; }
+inline std::uint16_t get16(const std::uint8_t* at) {
+    return static_cast<std::uint16_t>(at[0] | at[1] << 8);
+}
+inline std::uint32_t get32(const std::uint8_t* at) {
+    return get16(at) | static_cast<std::uint32_t>(get16(at + 2)) << 16;
+}
+inline std::uint64_t get64(const std::uint8_t* at) {
+    return get32(at) | static_cast<std::uint64_t>(get32(at + 4)) << 32;
+}
 inline void put16(std::uint8_t* at, std::size_t value) {
     at[0] = static_cast<std::uint8_t>(value);
     at[1] = static_cast<std::uint8_t>(value >> 8);

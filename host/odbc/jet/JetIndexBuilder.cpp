@@ -98,13 +98,16 @@ void JetIndexBuilder::add(std::string key, std::uint32_t rowPointer) {
 
 JetPageSet JetIndexBuilder::write(std::uint32_t root, std::uint32_t owner, JetPageStore& store) {
     const auto unsignedLess = [](const std::string& a, const std::string& b) {
-        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                            [](char x, char y) { return static_cast<unsigned char>(x) < static_cast<unsigned char>(y); });
+        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+            return static_cast<unsigned char>(x) < static_cast<unsigned char>(y);
+        });
     };
     std::sort(m_entries.begin(), m_entries.end(), unsignedLess);
     m_distinct = 0;
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
-        const auto key = [&](std::size_t entry) { return std::string_view(m_entries[entry]).substr(0, m_entries[entry].size() - 4); };
+        const auto key = [&](std::size_t entry) {
+            return std::string_view(m_entries[entry]).substr(0, m_entries[entry].size() - 4);
+        };
         m_distinct += i == 0 || key(i) != key(i - 1) ? 1 : 0;
     }
 

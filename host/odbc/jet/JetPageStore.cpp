@@ -9,7 +9,8 @@
 
 namespace odbc::jet {
 
-JetPageStore::JetPageStore(const std::string& path) : m_path(path), m_window(kWindow * kPageSize) {
+JetPageStore::JetPageStore(const std::string& path, std::uint32_t limit)
+    : m_path(path), m_limit(limit), m_window(kWindow * kPageSize) {
     m_file = ::open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (m_file < 0)
         throw StoreError("The file \"" + path + "\" could not be created: " + std::strerror(errno) + ".");
@@ -27,7 +28,7 @@ void JetPageStore::fail(int error) const {
 }
 
 std::uint32_t JetPageStore::allocate() {
-    if (m_count >= kMaxPages)
+    if (m_count >= m_limit)
         throw StoreError("The database would grow past 2 GB, the most that an Access file can hold.");
     if (m_count == m_first + kWindow)
         flush();

@@ -13,8 +13,9 @@ using PageBytes = std::array<std::uint8_t, kPageSize>;
 
 class JetPageStore {
 public:
-    // Creates or empties the file. Faults of the disk throw StoreError, here and below.
-    explicit JetPageStore(const std::string& path);
+    // Creates or empties the file. Faults of the disk throw StoreError, here and below. `limit` is the
+    // number of pages that the format allows; the tests give a smaller one.
+    explicit JetPageStore(const std::string& path, std::uint32_t limit = kMaxPages);
     ~JetPageStore();
     JetPageStore(const JetPageStore&) = delete;
     JetPageStore& operator=(const JetPageStore&) = delete;
@@ -33,6 +34,7 @@ private:
 
     static constexpr std::uint32_t kWindow = 256; // pages that are gathered for one write
     std::string m_path;
+    std::uint32_t m_limit;
     int m_file = -1;
     std::uint32_t m_count = 0;
     std::uint32_t m_first = 0; // the first page of the window

@@ -16,20 +16,34 @@ using namespace jet;
 namespace {
 std::optional<ColumnKind> kindOf(std::uint8_t type) {
     switch (static_cast<ColumnType>(type)) {
-    case ColumnType::Bool: return ColumnKind::Bool;
-    case ColumnType::Byte: return ColumnKind::Byte;
-    case ColumnType::Short: return ColumnKind::Short;
-    case ColumnType::Long: return ColumnKind::Long;
-    case ColumnType::Currency: return ColumnKind::Currency;
-    case ColumnType::Single: return ColumnKind::Single;
-    case ColumnType::Double: return ColumnKind::Double;
-    case ColumnType::Date: return ColumnKind::Date;
-    case ColumnType::Binary: return ColumnKind::Binary;
-    case ColumnType::Text: return ColumnKind::Text;
-    case ColumnType::Ole: return ColumnKind::Ole;
-    case ColumnType::Memo: return ColumnKind::Memo;
-    case ColumnType::Guid: return ColumnKind::Guid;
-    case ColumnType::Numeric: return ColumnKind::Numeric;
+    case ColumnType::Bool:
+        return ColumnKind::Bool;
+    case ColumnType::Byte:
+        return ColumnKind::Byte;
+    case ColumnType::Short:
+        return ColumnKind::Short;
+    case ColumnType::Long:
+        return ColumnKind::Long;
+    case ColumnType::Currency:
+        return ColumnKind::Currency;
+    case ColumnType::Single:
+        return ColumnKind::Single;
+    case ColumnType::Double:
+        return ColumnKind::Double;
+    case ColumnType::Date:
+        return ColumnKind::Date;
+    case ColumnType::Binary:
+        return ColumnKind::Binary;
+    case ColumnType::Text:
+        return ColumnKind::Text;
+    case ColumnType::Ole:
+        return ColumnKind::Ole;
+    case ColumnType::Memo:
+        return ColumnKind::Memo;
+    case ColumnType::Guid:
+        return ColumnKind::Guid;
+    case ColumnType::Numeric:
+        return ColumnKind::Numeric;
     }
     return std::nullopt;
 }
@@ -37,20 +51,27 @@ std::optional<ColumnKind> kindOf(std::uint8_t type) {
 // How many bytes a value of the kind takes; 0 where it may be any number.
 std::size_t sizeOf(ColumnKind kind) {
     switch (kind) {
-    case ColumnKind::Byte: return 1;
-    case ColumnKind::Short: return 2;
+    case ColumnKind::Byte:
+        return 1;
+    case ColumnKind::Short:
+        return 2;
     case ColumnKind::Long:
-    case ColumnKind::Single: return 4;
+    case ColumnKind::Single:
+        return 4;
     case ColumnKind::Currency:
     case ColumnKind::Double:
-    case ColumnKind::Date: return 8;
-    case ColumnKind::Guid: return 16;
-    case ColumnKind::Numeric: return 17;
+    case ColumnKind::Date:
+        return 8;
+    case ColumnKind::Guid:
+        return 16;
+    case ColumnKind::Numeric:
+        return 17;
     case ColumnKind::Bool:
     case ColumnKind::Binary:
     case ColumnKind::Text:
     case ColumnKind::Ole:
-    case ColumnKind::Memo: return 0;
+    case ColumnKind::Memo:
+        return 0;
     }
     return 0;
 }
@@ -88,7 +109,8 @@ private:
 
 std::vector<JetColumn> Reader::orderedColumns(const JetDefinition& definition) const {
     std::vector<JetColumn> columns = definition.columns;
-    std::stable_sort(columns.begin(), columns.end(), [](const JetColumn& a, const JetColumn& b) { return a.number < b.number; });
+    std::stable_sort(columns.begin(), columns.end(),
+                     [](const JetColumn& a, const JetColumn& b) { return a.number < b.number; });
     return columns;
 }
 
@@ -102,8 +124,8 @@ std::vector<CatalogueEntry> Reader::readCatalogue() {
             m_file.damaged("its table of objects has no column " + std::string(name));
         return *at;
     };
-    const JetColumn id = find("Id", ColumnType::Long), name = find("Name", ColumnType::Text), type = find("Type", ColumnType::Short),
-                    flags = find("Flags", ColumnType::Long);
+    const JetColumn id = find("Id", ColumnType::Long), name = find("Name", ColumnType::Text),
+                    type = find("Type", ColumnType::Short), flags = find("Flags", ColumnType::Long);
     std::vector<CatalogueEntry> entries;
     JetRow row(m_file, definition);
     std::uint32_t found = 0;
@@ -112,7 +134,10 @@ std::vector<CatalogueEntry> Reader::readCatalogue() {
         row.parse(bytes);
         const auto number = [&](const JetColumn& column) {
             const auto value = row.value(column);
-            return !value ? 0 : value->size() == 2 ? get16(value->data()) : value->size() == 4 ? get32(value->data()) : 0;
+            return !value               ? 0
+                   : value->size() == 2 ? get16(value->data())
+                   : value->size() == 4 ? get32(value->data())
+                                        : 0;
         };
         constexpr std::uint32_t system = kSystemObject | kSystemObjectOfAccess;
         if (number(type) != kTableObject || (number(flags) & system) != 0)
@@ -132,7 +157,8 @@ StoreTable Reader::describe(const std::string& name, const std::vector<JetColumn
     for (const JetColumn& column : columns) {
         const auto kind = kindOf(column.type);
         if (!kind)
-            throw StoreError("The column \"" + column.name + "\" of the table \"" + name + "\" has a type that is not known here.");
+            throw StoreError("The column \"" + column.name + "\" of the table \"" + name +
+                             "\" has a type that is not known here.");
         StoreColumn& described = table.columns.emplace_back(StoreColumn{column.name, *kind, 0, 0, 0});
         if (*kind == ColumnKind::Text) {
             const std::size_t size = m_file.jet3() ? column.length : column.length / std::size_t{2};
@@ -149,7 +175,8 @@ StoreTable Reader::describe(const std::string& name, const std::vector<JetColumn
 
 void Reader::checkCount(const std::string& name, std::uint32_t said, std::uint32_t found) const {
     if (said != found)
-        m_file.damaged("the table \"" + name + "\" says that it holds " + std::to_string(said) + " rows, but " + std::to_string(found) + " were found");
+        m_file.damaged("the table \"" + name + "\" says that it holds " + std::to_string(said) + " rows, but " +
+                       std::to_string(found) + " were found");
 }
 
 void Reader::readTable(const CatalogueEntry& entry) {
@@ -186,15 +213,21 @@ StoreCell Reader::cellOf(const JetColumn& column, ColumnKind kind, const JetRow&
         m_file.damaged("the column \"" + column.name + "\" holds a value that is too short");
     text.clear();
     switch (kind) {
-    case ColumnKind::Byte: return StoreCell::of(std::int64_t{at[0]});
-    case ColumnKind::Short: return StoreCell::of(std::int64_t{static_cast<std::int16_t>(get16(at))});
-    case ColumnKind::Long: return StoreCell::of(std::int64_t{static_cast<std::int32_t>(get32(at))});
-    case ColumnKind::Single: return StoreCell::of(double{std::bit_cast<float>(get32(at))});
+    case ColumnKind::Byte:
+        return StoreCell::of(std::int64_t{at[0]});
+    case ColumnKind::Short:
+        return StoreCell::of(std::int64_t{static_cast<std::int16_t>(get16(at))});
+    case ColumnKind::Long:
+        return StoreCell::of(std::int64_t{static_cast<std::int32_t>(get32(at))});
+    case ColumnKind::Single:
+        return StoreCell::of(double{std::bit_cast<float>(get32(at))});
     case ColumnKind::Double:
-    case ColumnKind::Date: return StoreCell::of(std::bit_cast<double>(get64(at)));
+    case ColumnKind::Date:
+        return StoreCell::of(std::bit_cast<double>(get64(at)));
     case ColumnKind::Currency: {
         const auto units = static_cast<std::int64_t>(get64(at));
-        text = formatDecimal({units < 0, units < 0 ? ~static_cast<std::uint64_t>(units) + 1 : static_cast<std::uint64_t>(units)}, 4);
+        text = formatDecimal(
+            {units < 0, units < 0 ? ~static_cast<std::uint64_t>(units) + 1 : static_cast<std::uint64_t>(units)}, 4);
         return StoreCell::text(text);
     }
     case ColumnKind::Numeric: {
@@ -204,24 +237,36 @@ StoreCell Reader::cellOf(const JetColumn& column, ColumnKind kind, const JetRow&
         text = formatDecimal(number, column.detail >> 8);
         return StoreCell::text(text);
     }
-    case ColumnKind::Guid: text = formatGuid(at); return StoreCell::text(text);
-    case ColumnKind::Text: m_decoder.appendText(*value, column.codePage, text); return StoreCell::text(text);
-    case ColumnKind::Binary: return StoreCell::blob({reinterpret_cast<const char*>(at), value->size()});
-    case ColumnKind::Ole: m_decoder.appendLongValue(*value, text); return StoreCell::blob(text);
+    case ColumnKind::Guid:
+        text = formatGuid(at);
+        return StoreCell::text(text);
+    case ColumnKind::Text:
+        m_decoder.appendText(*value, column.codePage, text);
+        return StoreCell::text(text);
+    case ColumnKind::Binary:
+        return StoreCell::blob({reinterpret_cast<const char*>(at), value->size()});
+    case ColumnKind::Ole:
+        m_decoder.appendLongValue(*value, text);
+        return StoreCell::blob(text);
     case ColumnKind::Memo: {
         std::string raw;
         m_decoder.appendLongValue(*value, raw);
         m_decoder.appendText({reinterpret_cast<const std::uint8_t*>(raw.data()), raw.size()}, column.codePage, text);
         return StoreCell::text(text);
     }
-    case ColumnKind::Bool: break; // told above
+    case ColumnKind::Bool:
+        break; // told above
     }
     return StoreCell::null();
 }
 } // namespace
 
-void jet::readTables(const JetFile& file, TableSink& sink) { Reader(file, sink).readAll(); }
+void jet::readTables(const JetFile& file, TableSink& sink) {
+    Reader(file, sink).readAll();
+}
 
-void readJet(const std::string& path, TableSink& sink) { readTables(JetFile(path), sink); }
+void readJet(const std::string& path, TableSink& sink) {
+    readTables(JetFile(path), sink);
+}
 
 } // namespace odbc

@@ -21,14 +21,17 @@ std::span<const std::uint8_t> bytesOf(std::string_view text) {
 std::string decimalText(const StoreCell& cell) {
     char text[400];
     switch (cell.type) {
-    case StoreCell::Type::Integer: return std::to_string(cell.integer);
+    case StoreCell::Type::Integer:
+        return std::to_string(cell.integer);
     case StoreCell::Type::Real: {
         const auto result = std::to_chars(text, text + sizeof text, cell.real, std::chars_format::fixed);
         return {text, result.ptr};
     }
-    case StoreCell::Type::Text: return std::string(cell.bytes);
+    case StoreCell::Type::Text:
+        return std::string(cell.bytes);
     case StoreCell::Type::Null:
-    case StoreCell::Type::Bytes: break;
+    case StoreCell::Type::Bytes:
+        break;
     }
     return {};
 }
@@ -38,7 +41,8 @@ std::size_t variableRoom(const JetColumnPlan& column) {
 }
 } // namespace
 
-JetRowEncoder::JetRowEncoder(const JetTablePlan& plan, JetPageStore& store) : m_plan(&plan), m_longPlace(plan.columns.size()) {
+JetRowEncoder::JetRowEncoder(const JetTablePlan& plan, JetPageStore& store)
+    : m_plan(&plan), m_longPlace(plan.columns.size()) {
     std::size_t room = 2 + plan.fixedSize + 4 + (plan.columns.size() + 7) / 8;
     for (std::size_t i = 0; i < plan.columns.size(); ++i) {
         const JetColumnPlan& column = plan.columns[i];
@@ -73,7 +77,8 @@ std::span<const std::uint8_t> JetRowEncoder::encode(std::span<const StoreCell> c
         if (!column.fixed())
             m_offsets[column.variableIndex] = static_cast<std::uint16_t>(m_size);
         if (set && column.type == ColumnType::Bool)
-            set = integerOf(column, cell, std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()) != 0;
+            set = integerOf(column, cell, std::numeric_limits<std::int64_t>::min(),
+                            std::numeric_limits<std::int64_t>::max()) != 0;
         else if (set && column.fixed())
             encodeFixed(column, cell, row + 2 + column.fixedOffset);
         else if (set)
@@ -91,7 +96,8 @@ std::span<const std::uint8_t> JetRowEncoder::encode(std::span<const StoreCell> c
     }
     append({present.data(), (columns.size() + 7) / 8});
     if (m_size > data::kMaxRow)
-        throw StoreError("A row of the table \"" + m_plan->name + "\" is longer than the 4,060 bytes that an Access table allows.");
+        throw StoreError("A row of the table \"" + m_plan->name +
+                         "\" is longer than the 4,060 bytes that an Access table allows.");
     return {row, m_size};
 }
 
@@ -100,7 +106,8 @@ void JetRowEncoder::append(std::span<const std::uint8_t> bytes) {
     m_size += bytes.size();
 }
 
-std::int64_t JetRowEncoder::integerOf(const JetColumnPlan& column, const StoreCell& cell, std::int64_t least, std::int64_t most) const {
+std::int64_t JetRowEncoder::integerOf(const JetColumnPlan& column, const StoreCell& cell, std::int64_t least,
+                                      std::int64_t most) const {
     std::int64_t value = cell.integer;
     if (cell.type == StoreCell::Type::Real) {
         if (!(cell.real > -9.2e18 && cell.real < 9.2e18) || std::nearbyint(cell.real) != cell.real)
@@ -124,9 +131,15 @@ double JetRowEncoder::realOf(const JetColumnPlan& column, const StoreCell& cell)
 
 void JetRowEncoder::encodeFixed(const JetColumnPlan& column, const StoreCell& cell, std::uint8_t* at) const {
     switch (column.column.kind) {
-    case ColumnKind::Byte: at[0] = static_cast<std::uint8_t>(integerOf(column, cell, 0, 255)); return;
-    case ColumnKind::Short: put16(at, static_cast<std::uint16_t>(integerOf(column, cell, INT16_MIN, INT16_MAX))); return;
-    case ColumnKind::Long: put32(at, static_cast<std::uint32_t>(integerOf(column, cell, INT32_MIN, INT32_MAX))); return;
+    case ColumnKind::Byte:
+        at[0] = static_cast<std::uint8_t>(integerOf(column, cell, 0, 255));
+        return;
+    case ColumnKind::Short:
+        put16(at, static_cast<std::uint16_t>(integerOf(column, cell, INT16_MIN, INT16_MAX)));
+        return;
+    case ColumnKind::Long:
+        put32(at, static_cast<std::uint32_t>(integerOf(column, cell, INT32_MIN, INT32_MAX)));
+        return;
     case ColumnKind::Single: {
         const double value = realOf(column, cell);
         if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max())
@@ -135,15 +148,24 @@ void JetRowEncoder::encodeFixed(const JetColumnPlan& column, const StoreCell& ce
         return;
     }
     case ColumnKind::Double:
-    case ColumnKind::Date: put64(at, std::bit_cast<std::uint64_t>(realOf(column, cell))); return;
-    case ColumnKind::Currency: encodeCurrency(column, cell, at); return;
-    case ColumnKind::Numeric: encodeNumeric(column, cell, at); return;
-    case ColumnKind::Guid: encodeGuid(column, cell, at); return;
+    case ColumnKind::Date:
+        put64(at, std::bit_cast<std::uint64_t>(realOf(column, cell)));
+        return;
+    case ColumnKind::Currency:
+        encodeCurrency(column, cell, at);
+        return;
+    case ColumnKind::Numeric:
+        encodeNumeric(column, cell, at);
+        return;
+    case ColumnKind::Guid:
+        encodeGuid(column, cell, at);
+        return;
     case ColumnKind::Bool: // a bit of the null mask
     case ColumnKind::Binary:
     case ColumnKind::Text:
     case ColumnKind::Ole:
-    case ColumnKind::Memo: return;
+    case ColumnKind::Memo:
+        return;
     }
 }
 
@@ -191,8 +213,11 @@ void JetRowEncoder::appendVariable(const JetColumnPlan& column, const StoreCell&
         append(bytesOf(cell.bytes));
         return;
     case ColumnType::Memo:
-    case ColumnType::Ole: appendLongValue(column, cell); return;
-    default: fail(column, "has no place in a row"); // the plan knows no other variable columns
+    case ColumnType::Ole:
+        appendLongValue(column, cell);
+        return;
+    default:
+        fail(column, "has no place in a row"); // the plan knows no other variable columns
     }
 }
 
@@ -240,8 +265,10 @@ std::uint32_t JetRowEncoder::storeLongValue(JetRowPages& pages, std::span<const 
     if (value.size() <= longvalue::kMaxRow)
         return pages.append(value);
     std::uint32_t next = 0;
-    for (std::size_t begin = (value.size() - 1) / longvalue::kMaxPiece * longvalue::kMaxPiece;; begin -= longvalue::kMaxPiece) {
-        const std::span<const std::uint8_t> piece = value.subspan(begin, std::min(longvalue::kMaxPiece, value.size() - begin));
+    for (std::size_t begin = (value.size() - 1) / longvalue::kMaxPiece * longvalue::kMaxPiece;;
+         begin -= longvalue::kMaxPiece) {
+        const std::span<const std::uint8_t> piece =
+            value.subspan(begin, std::min(longvalue::kMaxPiece, value.size() - begin));
         m_piece.resize(4 + piece.size());
         put32(m_piece.data(), next);
         std::copy(piece.begin(), piece.end(), m_piece.begin() + 4);

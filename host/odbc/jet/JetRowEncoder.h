@@ -28,7 +28,8 @@ private:
     std::uint32_t storeLongValue(JetRowPages& pages, std::span<const std::uint8_t> value);
     void append(std::span<const std::uint8_t> bytes);
     [[noreturn]] void fail(const JetColumnPlan& column, const std::string& why) const;
-    std::int64_t integerOf(const JetColumnPlan& column, const StoreCell& cell, std::int64_t least, std::int64_t most) const;
+    std::int64_t integerOf(const JetColumnPlan& column, const StoreCell& cell, std::int64_t least,
+                           std::int64_t most) const;
     double realOf(const JetColumnPlan& column, const StoreCell& cell) const;
     void encodeCurrency(const JetColumnPlan& column, const StoreCell& cell, std::uint8_t* at) const;
     void encodeNumeric(const JetColumnPlan& column, const StoreCell& cell, std::uint8_t* at) const;

@@ -43,7 +43,9 @@ JetRow::JetRow(const JetFile& file, const JetDefinition& definition) : m_file(&f
             m_firstVariable = std::min<std::uint32_t>(m_firstVariable, column.number);
 }
 
-void JetRow::damaged() const { m_file->damaged("a row of the table on page " + std::to_string(m_definition->page()) + " makes no sense"); }
+void JetRow::damaged() const {
+    m_file->damaged("a row of the table on page " + std::to_string(m_definition->page()) + " makes no sense");
+}
 
 void JetRow::parse(std::span<const std::uint8_t> row) {
     const std::size_t countSize = m_file->jet3() ? 1 : 2;

@@ -16,25 +16,41 @@ struct KindFact {
 };
 KindFact factOf(ColumnKind kind) {
     switch (kind) {
-    case ColumnKind::Bool: return {ColumnType::Bool, true, 1};
-    case ColumnKind::Byte: return {ColumnType::Byte, true, 1};
-    case ColumnKind::Short: return {ColumnType::Short, true, 2};
-    case ColumnKind::Long: return {ColumnType::Long, true, 4};
-    case ColumnKind::Currency: return {ColumnType::Currency, true, 8};
-    case ColumnKind::Single: return {ColumnType::Single, true, 4};
-    case ColumnKind::Double: return {ColumnType::Double, true, 8};
-    case ColumnKind::Date: return {ColumnType::Date, true, 8};
-    case ColumnKind::Binary: return {ColumnType::Binary, false, 0};
-    case ColumnKind::Text: return {ColumnType::Text, false, 0};
-    case ColumnKind::Ole: return {ColumnType::Ole, false, 0};
-    case ColumnKind::Memo: return {ColumnType::Memo, false, 0};
-    case ColumnKind::Guid: return {ColumnType::Guid, true, 16};
-    case ColumnKind::Numeric: return {ColumnType::Numeric, true, 17};
+    case ColumnKind::Bool:
+        return {ColumnType::Bool, true, 1};
+    case ColumnKind::Byte:
+        return {ColumnType::Byte, true, 1};
+    case ColumnKind::Short:
+        return {ColumnType::Short, true, 2};
+    case ColumnKind::Long:
+        return {ColumnType::Long, true, 4};
+    case ColumnKind::Currency:
+        return {ColumnType::Currency, true, 8};
+    case ColumnKind::Single:
+        return {ColumnType::Single, true, 4};
+    case ColumnKind::Double:
+        return {ColumnType::Double, true, 8};
+    case ColumnKind::Date:
+        return {ColumnType::Date, true, 8};
+    case ColumnKind::Binary:
+        return {ColumnType::Binary, false, 0};
+    case ColumnKind::Text:
+        return {ColumnType::Text, false, 0};
+    case ColumnKind::Ole:
+        return {ColumnType::Ole, false, 0};
+    case ColumnKind::Memo:
+        return {ColumnType::Memo, false, 0};
+    case ColumnKind::Guid:
+        return {ColumnType::Guid, true, 16};
+    case ColumnKind::Numeric:
+        return {ColumnType::Numeric, true, 17};
     }
     throw StoreError("A column has a type that no Access table knows.");
 }
 
-std::string quoted(const std::string& name) { return "\"" + name + "\""; }
+std::string quoted(const std::string& name) {
+    return "\"" + name + "\"";
+}
 
 std::u16string checkedName(const std::string& name, const std::string& what) {
     std::u16string wide;
@@ -43,7 +59,8 @@ std::u16string checkedName(const std::string& name, const std::string& what) {
     if (wide.empty())
         throw StoreError("The name of " + what + " is empty.");
     if (wide.size() > kMaxNameLength)
-        throw StoreError("The name " + quoted(name) + " of " + what + " is longer than the 64 characters that Access allows.");
+        throw StoreError("The name " + quoted(name) + " of " + what +
+                         " is longer than the 64 characters that Access allows.");
     if (std::any_of(wide.begin(), wide.end(), [](char16_t c) { return c < 0x20; }))
         throw StoreError("The name of " + what + " holds a control character.");
     return wide;
@@ -60,7 +77,8 @@ void checkSizes(const StoreColumn& column, const std::string& what) {
         throw StoreError("The size of " + what + " must be 1 to 255 characters.");
     if (column.kind == ColumnKind::Binary && (column.size < 1 || column.size > 510))
         throw StoreError("The size of " + what + " must be 1 to 510 bytes.");
-    if (column.kind == ColumnKind::Numeric && (column.precision < 1 || column.precision > 28 || column.scale > column.precision))
+    if (column.kind == ColumnKind::Numeric &&
+        (column.precision < 1 || column.precision > 28 || column.scale > column.precision))
         throw StoreError("The precision of " + what + " must be 1 to 28 digits, and its scale no more than that.");
 }
 
@@ -71,7 +89,7 @@ void layOut(JetTablePlan& plan, const StoreTable& table) {
         JetColumnPlan& planned = plan.columns.emplace_back();
         planned.column = column;
         planned.type = fact.type;
-        planned.length = column.kind == ColumnKind::Text ? static_cast<std::uint16_t>(2 * column.size)
+        planned.length = column.kind == ColumnKind::Text     ? static_cast<std::uint16_t>(2 * column.size)
                          : column.kind == ColumnKind::Binary ? column.size
                                                              : fact.length;
         planned.flags = static_cast<std::uint8_t>(columnbit::kNullable | (fact.fixed ? columnbit::kFixed : 0));
@@ -165,7 +183,8 @@ void appendIndex(const JetIndexPlan& planned, std::size_t number, Bytes& out) {
 } // namespace
 
 std::size_t JetTablePlan::longColumns() const {
-    return static_cast<std::size_t>(std::count_if(columns.begin(), columns.end(), [](const JetColumnPlan& c) { return c.isLong(); }));
+    return static_cast<std::size_t>(
+        std::count_if(columns.begin(), columns.end(), [](const JetColumnPlan& c) { return c.isLong(); }));
 }
 
 JetTablePlan planTable(const StoreTable& table) {
@@ -198,7 +217,9 @@ JetTablePlan planSystemTable(const StoreTable& table, std::string_view masked, s
     layOut(plan, table);
     for (JetColumnPlan& planned : plan.columns) {
         appendUtf16(planned.column.name, planned.name);
-        planned.flags = static_cast<std::uint8_t>(planned.flags | (planned.column.name == masked ? columnbit::kMasked | columnbit::kSystem : columnbit::kSystem));
+        planned.flags = static_cast<std::uint8_t>(
+            planned.flags |
+            (planned.column.name == masked ? columnbit::kMasked | columnbit::kSystem : columnbit::kSystem));
     }
     return plan;
 }
@@ -247,7 +268,8 @@ std::vector<std::uint8_t> encodeDefinition(const JetTablePlan& plan, const JetTa
     std::vector<std::size_t> byName(plan.indexes.size());
     for (std::size_t i = 0; i < byName.size(); ++i)
         byName[i] = i;
-    std::sort(byName.begin(), byName.end(), [&](std::size_t a, std::size_t b) { return plan.indexes[a].name < plan.indexes[b].name; });
+    std::sort(byName.begin(), byName.end(),
+              [&](std::size_t a, std::size_t b) { return plan.indexes[a].name < plan.indexes[b].name; });
     for (const std::size_t i : byName)
         appendIndex(plan.indexes[i], i, out);
     for (const std::size_t i : byName)

@@ -18,8 +18,8 @@ std::vector<std::uint32_t> takeDefinitionPages(const JetTablePlan& plan, std::ui
 JetTableWriter::JetTableWriter(JetTablePlan plan, std::uint32_t definitionPage, JetPageStore& store)
     : m_plan(std::make_unique<JetTablePlan>(std::move(plan))), m_store(&store),
       m_definitionPages(takeDefinitionPages(*m_plan, definitionPage, store)),
-      m_maps(2 + 2 * m_plan->longColumns() + m_plan->indexes.size(), store), m_encoder(*m_plan, store), m_rows(definitionPage, store),
-      m_indexes(m_plan->indexes.size()) {
+      m_maps(2 + 2 * m_plan->longColumns() + m_plan->indexes.size(), store), m_encoder(*m_plan, store),
+      m_rows(definitionPage, store), m_indexes(m_plan->indexes.size()) {
     for (std::size_t i = 0; i < m_plan->indexes.size(); ++i)
         m_roots.push_back(store.allocate());
 }

@@ -19,8 +19,7 @@ bool JetTextEncoder::encode(std::string_view utf8, std::size_t maxCompressed) {
     m_wide.clear();
     if (!appendUtf16(utf8, m_wide))
         return false;
-    encodeWide(maxCompressed > 0, maxCompressed);
-    return true;
+    return encodeWide(maxCompressed > 0, maxCompressed);
 }
 
 bool JetTextEncoder::encodeAscii(std::string_view text, bool compress) {
@@ -42,7 +41,7 @@ bool JetTextEncoder::encodeAscii(std::string_view text, bool compress) {
     return true;
 }
 
-void JetTextEncoder::encodeWide(bool mayCompress, std::size_t maxCompressed) {
+bool JetTextEncoder::encodeWide(bool mayCompress, std::size_t maxCompressed) {
     m_characters = m_wide.size();
     std::uint8_t* out = m_bytes.data();
     const auto narrow = [](char16_t c) { return c - 1u < 0xFFu; };
@@ -53,8 +52,10 @@ void JetTextEncoder::encodeWide(bool mayCompress, std::size_t maxCompressed) {
             *out++ = static_cast<std::uint8_t>(c);
     } else {
         // Text that begins with U+FEFF would pass for compressed text: it begins as such and turns
-        // to wide characters at once.
+        // to wide characters at once. There a low byte of zero would turn it back.
         if (mayCompress && !m_wide.empty() && m_wide.front() == 0xFEFF) {
+            if (std::any_of(m_wide.begin(), m_wide.end(), [](char16_t c) { return (c & 0xFF) == 0; }))
+                return false;
             *out++ = 0xFF;
             *out++ = 0xFE;
             *out++ = 0;
@@ -65,6 +66,7 @@ void JetTextEncoder::encodeWide(bool mayCompress, std::size_t maxCompressed) {
         }
     }
     m_size = static_cast<std::size_t>(out - m_bytes.data());
+    return true;
 }
 
 } // namespace odbc::jet

@@ -11,7 +11,8 @@ namespace odbc::jet {
 
 class JetTextEncoder {
 public:
-    // The bytes of the text, valid until the next call; false for text that is no strict UTF-8.
+    // The bytes of the text, valid until the next call; false for text that is no
+    // strict UTF-8, or that begins with U+FEFF and could not be told from compressed text.
     // Compressed is what Access would compress: more than two characters, up to `maxCompressed` (0
     // where the column does not allow it), each below U+0100 and none of them U+0000.
     bool encode(std::string_view utf8, std::size_t maxCompressed);
@@ -21,7 +22,7 @@ public:
 private:
     void room(std::size_t size);
     bool encodeAscii(std::string_view text, bool compress);
-    void encodeWide(bool mayCompress, std::size_t maxCompressed);
+    bool encodeWide(bool mayCompress, std::size_t maxCompressed);
 
     std::vector<std::uint8_t> m_bytes;
     std::size_t m_size = 0, m_characters = 0;

@@ -6,7 +6,9 @@
 namespace odbc::jet {
 
 namespace {
-void setBit(std::uint8_t* bits, std::size_t bit) { bits[bit / 8] = static_cast<std::uint8_t>(bits[bit / 8] | 1u << (bit % 8)); }
+void setBit(std::uint8_t* bits, std::size_t bit) {
+    bits[bit / 8] = static_cast<std::uint8_t>(bits[bit / 8] | 1u << (bit % 8));
+}
 
 PageBytes emptyBitmap() {
     PageBytes page{};
@@ -29,7 +31,8 @@ UsageRow referenceRow(const JetPageSet& pages, JetPageStore& store) {
     std::map<std::size_t, PageBytes> bitmaps;
     for (const JetPageSet::Run& run : pages.runs())
         for (std::uint32_t page = run.first; page < run.end; ++page)
-            setBit(bitmaps.try_emplace(page / usage::kPagesPerBitmap, emptyBitmap()).first->second.data() + usage::kBitmapHeader,
+            setBit(bitmaps.try_emplace(page / usage::kPagesPerBitmap, emptyBitmap()).first->second.data() +
+                       usage::kBitmapHeader,
                    page % usage::kPagesPerBitmap);
     UsageRow row{};
     row[0] = usage::kReference;
@@ -71,7 +74,8 @@ UsageRow freePagesRow(JetPageStore& store) {
     for (std::size_t i = 0; i < bitmaps.size(); ++i) {
         PageBytes bitmap = emptyBitmap();
         const std::size_t first = i * usage::kPagesPerBitmap;
-        for (std::size_t page = std::max<std::size_t>(first, store.count()); page < first + usage::kPagesPerBitmap; ++page)
+        for (std::size_t page = std::max<std::size_t>(first, store.count()); page < first + usage::kPagesPerBitmap;
+             ++page)
             setBit(bitmap.data() + usage::kBitmapHeader, page - first);
         store.put(bitmaps[i], bitmap);
         put32(row.data() + 1 + 4 * i, bitmaps[i]);
@@ -97,7 +101,8 @@ void JetUsagePages::write(const std::vector<UsageRow>& rows, std::uint32_t owner
         std::size_t end = kPageSize;
         for (std::size_t row = 0; row < count; ++row) {
             end -= usage::kRowSize;
-            std::copy(rows[first + row].begin(), rows[first + row].end(), page.begin() + static_cast<std::ptrdiff_t>(end));
+            std::copy(rows[first + row].begin(), rows[first + row].end(),
+                      page.begin() + static_cast<std::ptrdiff_t>(end));
             put16(page.data() + data::kRows + 2 * row, end);
         }
         put32(page.data() + data::kOwner, owner);

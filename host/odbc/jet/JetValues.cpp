@@ -12,11 +12,15 @@ int hexDigit(char c) {
     const char small = static_cast<char>(c | 0x20);
     return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
 }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // The text's order of the bytes: the first three groups are numbers, little-endian in the file.
 constexpr std::array<std::size_t, 16> kGuidOrder{3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
-bool dashBefore(std::size_t byte) { return byte == 4 || byte == 6 || byte == 8 || byte == 10; }
+bool dashBefore(std::size_t byte) {
+    return byte == 4 || byte == 6 || byte == 8 || byte == 10;
+}
 } // namespace
 
 std::optional<JetDecimal> parseDecimal(std::string_view text, unsigned scale) {
@@ -26,7 +30,8 @@ std::optional<JetDecimal> parseDecimal(std::string_view text, unsigned scale) {
         text.remove_prefix(1);
     }
     const std::size_t point = std::min(text.find('.'), text.size());
-    const std::string_view whole = text.substr(0, point), fraction = point < text.size() ? text.substr(point + 1) : std::string_view{};
+    const std::string_view whole = text.substr(0, point),
+                           fraction = point < text.size() ? text.substr(point + 1) : std::string_view{};
     if (whole.empty() && fraction.empty())
         return std::nullopt;
     if (!std::all_of(whole.begin(), whole.end(), isDigit) || !std::all_of(fraction.begin(), fraction.end(), isDigit))

@@ -43,7 +43,8 @@ PageBytes headerPage() {
 } // namespace
 
 struct JetWriter::State {
-    explicit State(const std::string& path) : store(path), headerNumber(store.allocate()), maps(2, store), catalogue(store) {}
+    explicit State(const std::string& path)
+        : store(path), headerNumber(store.allocate()), maps(2, store), catalogue(store) {}
 
     JetPageStore store;
     std::uint32_t headerNumber; // 0
@@ -63,7 +64,9 @@ void JetWriter::beginTable(const StoreTable& table) {
     m_state->table.emplace(std::move(plan), page, m_state->store);
 }
 
-void JetWriter::row(std::span<const StoreCell> cells) { m_state->table->row(cells); }
+void JetWriter::row(std::span<const StoreCell> cells) {
+    m_state->table->row(cells);
+}
 
 void JetWriter::endTable() {
     m_state->table->finish();

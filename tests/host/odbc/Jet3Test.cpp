@@ -16,7 +16,7 @@ struct Column3 {
     std::string name;
     ColumnType type;
     bool fixed;
-    std::uint16_t place;  // fixed offset or variable index
+    std::uint16_t place; // fixed offset or variable index
     std::uint16_t length;
     std::uint16_t codePage = 0;
 };
@@ -51,8 +51,8 @@ public:
         put16(at + data::kFree, end - data::kRowsJet3 - 2 * rows.size());
     }
 
-    void definition(std::uint32_t number, std::uint8_t type, std::uint32_t rows, std::uint32_t usedMap, std::uint32_t freeMap,
-                    const std::vector<Column3>& columns) {
+    void definition(std::uint32_t number, std::uint8_t type, std::uint32_t rows, std::uint32_t usedMap,
+                    std::uint32_t freeMap, const std::vector<Column3>& columns) {
         std::uint8_t* at = page(number);
         at[0] = 2, at[1] = 1, at[2] = 'V', at[3] = 'C';
         put32(at + 12, rows);
@@ -87,7 +87,8 @@ public:
     }
 
     // A row: the fixed part, the variable values, and which columns are there.
-    static std::string row(std::size_t columns, const std::string& fixed, const std::vector<std::string>& variables, const std::vector<bool>& there) {
+    static std::string row(std::size_t columns, const std::string& fixed, const std::vector<std::string>& variables,
+                           const std::vector<bool>& there) {
         std::string out(1, static_cast<char>(columns));
         out += fixed;
         std::vector<std::size_t> offsets;
@@ -140,7 +141,8 @@ const std::string kNarrow = "\xC1rv\xEDzt\xFBr\xF5";
 
 std::string jet3File() {
     Builder file;
-    const std::uint32_t freeMap = file.newPage(), objects = file.newPage(), maps = file.newPage(), objectRows = file.newPage();
+    const std::uint32_t freeMap = file.newPage(), objects = file.newPage(), maps = file.newPage(),
+                        objectRows = file.newPage();
     const std::uint32_t table = file.newPage(), rows = file.newPage(), memos = file.newPage();
     file.dataPage(freeMap, freeMap, {Builder::map({})});
     file.dataPage(maps, 0, {Builder::map({objectRows}), Builder::map({}), Builder::map({rows}), Builder::map({})});
@@ -156,27 +158,39 @@ std::string jet3File() {
                      {"Flags", ColumnType::Long, true, 26, 4},
                      {"LvProp", ColumnType::Ole, false, 1, 0}});
     const auto object = [&](std::uint32_t id, const std::string& name, std::uint32_t flags) {
-        const std::string fixed = little(id) + little(std::uint32_t{0x0F000001}) + little(std::int16_t{1}) + little(35000.0) + little(35000.0) + little(flags);
+        const std::string fixed = little(id) + little(std::uint32_t{0x0F000001}) + little(std::int16_t{1}) +
+                                  little(35000.0) + little(35000.0) + little(flags);
         return Builder::row(8, fixed, {name, ""}, {true, true, true, true, true, true, true, false});
     };
-    file.dataPage(objectRows, objects, {object(objects, "MSysObjects", 0x80000000), object(table, "T\xE1" "bla", 0)});
+    file.dataPage(objectRows, objects,
+                  {object(objects, "MSysObjects", 0x80000000), object(table,
+                                                                      "T\xE1"
+                                                                      "bla",
+                                                                      0)});
 
     file.definition(table, 0x4E, 3, pointer(2), pointer(3),
                     {{"ID", ColumnType::Long, true, 0, 4},
                      {"N\xE9v", ColumnType::Text, false, 0, 200, 1250},
-                     {"Egy\xE9" "b", ColumnType::Text, false, 1, 200, 1250},
+                     {"Egy\xE9"
+                      "b",
+                      ColumnType::Text, false, 1, 200, 1250},
                      {"V\xE9g", ColumnType::Text, false, 2, 50, 1250},
                      {"Memo", ColumnType::Memo, false, 3, 0, 1250},
                      {"D", ColumnType::Double, true, 4, 8},
                      {"B", ColumnType::Bool, true, 0, 1}});
-    const auto memoHead = [&](std::uint32_t length, std::uint32_t at) { return little(length) + little(at) + little(std::uint32_t{0}); };
+    const auto memoHead = [&](std::uint32_t length, std::uint32_t at) {
+        return little(length) + little(at) + little(std::uint32_t{0});
+    };
     const std::string longText(180, 'x'), otherText(150, 'y');
     file.dataPage(rows, table,
-                  {Builder::row(7, little(std::int32_t{1}) + little(0.1), {kNarrow, "", "v", memoHead(5 | 0x80000000, 0) + "r\xF6vid"},
+                  {Builder::row(7, little(std::int32_t{1}) + little(0.1),
+                                {kNarrow, "", "v", memoHead(5 | 0x80000000, 0) + "r\xF6vid"},
                                 {true, true, true, true, true, true, true}),
-                   Builder::row(7, little(std::int32_t{-2}) + little(-1.5), {longText, otherText, kNarrow, memoHead(300 | 0x40000000, memos << 8)},
+                   Builder::row(7, little(std::int32_t{-2}) + little(-1.5),
+                                {longText, otherText, kNarrow, memoHead(300 | 0x40000000, memos << 8)},
                                 {true, true, true, true, true, true, false}),
-                   Builder::row(7, little(std::int32_t{3}) + little(0.0), {"", "", "", ""}, {true, false, false, false, false, false, false})});
+                   Builder::row(7, little(std::int32_t{3}) + little(0.0), {"", "", "", ""},
+                                {true, false, false, false, false, false, false})});
     file.dataPage(memos, data::kLongValueOwner, {std::string(299, 'm') + "\xF5"});
     const std::string path = newFile();
     file.save(path);
@@ -193,7 +207,8 @@ TEST(Jet3, text_comes_by_its_code_page_and_rows_past_256_bytes_by_their_jumps) {
     EXPECT_EQ(found[0].shape.columns[2].name, "Egyéb");
     ASSERT_EQ(found[0].rows.size(), 3u);
     EXPECT_EQ(found[0].rows[0], (Row{1, "Árvíztűrő", "", "v", "rövid", 0.1, 1}));
-    EXPECT_EQ(found[0].rows[1], (Row{-2, std::string(180, 'x'), std::string(150, 'y'), "Árvíztűrő", std::string(299, 'm') + "ő", -1.5, 0}));
+    EXPECT_EQ(found[0].rows[1], (Row{-2, std::string(180, 'x'), std::string(150, 'y'), "Árvíztűrő",
+                                     std::string(299, 'm') + "ő", -1.5, 0}));
     EXPECT_EQ(found[0].rows[2], (Row{3, {}, {}, {}, {}, {}, 0}));
 }
 
@@ -205,6 +220,9 @@ TEST(Jet3, mdbtools_reads_the_same) {
     // It prints an empty text as it prints a null: as nothing.
     EXPECT_EQ(runProgram("MDB_JET3_CHARSET=CP1250 mdb-export -B -H " + path + " Tábla"),
               "1,\"Árvíztűrő\",,\"v\",\"rövid\",0.1,TRUE\n"
-              "-2,\"" + std::string(180, 'x') + "\",\"" + std::string(150, 'y') + "\",\"Árvíztűrő\",\"" + std::string(299, 'm') + "ő\",-1.5,FALSE\n"
-              "3,,,,,,FALSE\n");
+              "-2,\"" +
+                  std::string(180, 'x') + "\",\"" + std::string(150, 'y') + "\",\"Árvíztűrő\",\"" +
+                  std::string(299, 'm') +
+                  "ő\",-1.5,FALSE\n"
+                  "3,,,,,,FALSE\n");
 }

@@ -1,6 +1,6 @@
 // The checker: each rule is broken once, and the checker must say which.
-#include "JetTestSupport.h"
 #include "jet/JetCheck.h"
+#include "JetTestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,13 @@ namespace {
 // A file with a bit of everything: several tables, text, long values in chains.
 std::string sampleFile() {
     const std::string path = newFile();
-    Table notes{{"JEGYZET", {column("ID", ColumnKind::Long), text("CIM"), column("SZOVEG", ColumnKind::Memo), column("KEP", ColumnKind::Ole)}}, {}};
+    Table notes{{"JEGYZET",
+                 {column("ID", ColumnKind::Long), text("CIM"), column("SZOVEG", ColumnKind::Memo),
+                  column("KEP", ColumnKind::Ole)}},
+                {}};
     for (int i = 0; i < 40; ++i)
-        notes.rows.push_back({i, "Cím " + std::to_string(i), std::string(static_cast<std::size_t>(i) * 300, 'm'), Cell::blob(std::string(200, 'k'))});
+        notes.rows.push_back({i, "Cím " + std::to_string(i), std::string(static_cast<std::size_t>(i) * 300, 'm'),
+                              Cell::blob(std::string(200, 'k'))});
     write(path, {signTable(200), notes, {{"OSZLOP_FELIRAT", {number("ID"), text("ERTEK")}}, {{1.0, "felirat"}}}});
     expectClean(path);
     return path;
@@ -29,14 +33,18 @@ void expectFound(const std::string& part, const std::function<void(FileBytes&)>&
     expectViolation(path, part);
 }
 
-void flipBit(std::uint8_t* bits, std::size_t bit) { bits[bit / 8] = static_cast<std::uint8_t>(bits[bit / 8] ^ 1u << (bit % 8)); }
+void flipBit(std::uint8_t* bits, std::size_t bit) {
+    bits[bit / 8] = static_cast<std::uint8_t>(bits[bit / 8] ^ 1u << (bit % 8));
+}
 // A bit of an inline map; the map's start is 0 in files as small as these.
 void flipInMap(FileBytes& file, std::uint32_t pointer, std::uint32_t page) {
     ASSERT_EQ(file.row(pointer)[0], usage::kInline);
     ASSERT_EQ(get32(file.row(pointer) + 1), 0u);
     flipBit(file.row(pointer) + 5, page);
 }
-std::uint8_t* rowEntry(FileBytes& file, std::uint32_t pointer) { return file.page(pointer >> 8) + data::kRows + 2 * (pointer & 0xFF); }
+std::uint8_t* rowEntry(FileBytes& file, std::uint32_t pointer) {
+    return file.page(pointer >> 8) + data::kRows + 2 * (pointer & 0xFF);
+}
 void changeRowCount(FileBytes& file, std::uint32_t table, int by) {
     std::uint8_t* at = file.page(table) + definition::kRowCount;
     put32(at, static_cast<std::uint32_t>(static_cast<int>(get32(at)) + by));
@@ -56,7 +64,9 @@ std::uint8_t* nullMask(FileBytes& file, std::uint32_t pointer) {
 }
 } // namespace
 
-TEST(JetCheck, the_sample_is_clean) { sampleFile(); }
+TEST(JetCheck, the_sample_is_clean) {
+    sampleFile();
+}
 
 TEST(JetCheck, a_page_of_the_wrong_type) {
     expectFound("and is not a data page", [](FileBytes& file) { file.page(file.rowPages("TABLA").front())[0] = 9; });
@@ -65,8 +75,9 @@ TEST(JetCheck, a_page_whose_second_byte_is_not_1) {
     expectFound("second byte of the page is not 1", [](FileBytes& file) { file.page(file.tablePage("TABLA"))[1] = 0; });
 }
 TEST(JetCheck, a_data_page_of_another_owner) {
-    expectFound("is listed by the table \"TABLA\", but belongs to the table",
-                [](FileBytes& file) { put32(file.page(file.rowPages("TABLA").front()) + data::kOwner, file.tablePage("JEGYZET")); });
+    expectFound("is listed by the table \"TABLA\", but belongs to the table", [](FileBytes& file) {
+        put32(file.page(file.rowPages("TABLA").front()) + data::kOwner, file.tablePage("JEGYZET"));
+    });
 }
 TEST(JetCheck, a_page_that_its_table_does_not_list) {
     expectFound("holds rows of the table \"TABLA\", which does not list it", [](FileBytes& file) {
@@ -79,7 +90,9 @@ TEST(JetCheck, a_page_that_two_tables_list) {
     });
 }
 TEST(JetCheck, a_map_that_lists_a_page_behind_the_end) {
-    expectFound("There is no page", [](FileBytes& file) { flipInMap(file, file.definition(file.tablePage("TABLA")).usedMap, file.pageCount() + 3); });
+    expectFound("There is no page", [](FileBytes& file) {
+        flipInMap(file, file.definition(file.tablePage("TABLA")).usedMap, file.pageCount() + 3);
+    });
 }
 TEST(JetCheck, a_page_with_room_that_is_not_the_tables_own) {
     expectFound("is said to have room for the table \"TABLA\", but does not belong to it", [](FileBytes& file) {
@@ -87,10 +100,12 @@ TEST(JetCheck, a_page_with_room_that_is_not_the_tables_own) {
     });
 }
 TEST(JetCheck, a_page_in_use_that_is_called_free) {
-    expectFound("is in use, but the map of free pages lists it", [](FileBytes& file) { flipInMap(file, 0x100, file.rowPages("TABLA").front()); });
+    expectFound("is in use, but the map of free pages lists it",
+                [](FileBytes& file) { flipInMap(file, 0x100, file.rowPages("TABLA").front()); });
 }
 TEST(JetCheck, a_page_behind_the_end_that_is_called_used) {
-    expectFound("calls a page used that lies behind the end", [](FileBytes& file) { flipInMap(file, 0x100, file.pageCount() + 1); });
+    expectFound("calls a page used that lies behind the end",
+                [](FileBytes& file) { flipInMap(file, 0x100, file.pageCount() + 1); });
 }
 TEST(JetCheck, a_page_that_belongs_to_nothing) {
     expectFound("belongs to nothing and is not free", [](FileBytes& file) {
@@ -103,8 +118,9 @@ TEST(JetCheck, a_map_page_of_the_type_of_bitmaps) {
                 [](FileBytes& file) { file.page(file.definition(file.tablePage("TABLA")).usedMap >> 8)[0] = 5; });
 }
 TEST(JetCheck, a_map_page_that_belongs_to_a_table) {
-    expectFound("A page of usage maps belongs to the table 2",
-                [](FileBytes& file) { put32(file.page(file.definition(file.tablePage("TABLA")).usedMap >> 8) + data::kOwner, 2); });
+    expectFound("A page of usage maps belongs to the table 2", [](FileBytes& file) {
+        put32(file.page(file.definition(file.tablePage("TABLA")).usedMap >> 8) + data::kOwner, 2);
+    });
 }
 TEST(JetCheck, a_map_that_two_share) {
     expectFound("The same usage map is", [](FileBytes& file) {
@@ -113,23 +129,28 @@ TEST(JetCheck, a_map_that_two_share) {
     });
 }
 TEST(JetCheck, a_map_of_an_unknown_type) {
-    expectFound("is of an unknown type", [](FileBytes& file) { file.row(file.definition(file.tablePage("TABLA")).usedMap)[0] = 2; });
+    expectFound("is of an unknown type",
+                [](FileBytes& file) { file.row(file.definition(file.tablePage("TABLA")).usedMap)[0] = 2; });
 }
 TEST(JetCheck, a_pointer_to_a_map_that_leads_nowhere) {
-    expectFound("leads nowhere", [](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kUsedMap, 0); });
+    expectFound("leads nowhere",
+                [](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kUsedMap, 0); });
 }
 TEST(JetCheck, a_row_count_that_disagrees) {
-    expectFound("says that it has 199 rows, but there are 200", [](FileBytes& file) { changeRowCount(file, file.tablePage("TABLA"), -1); });
+    expectFound("says that it has 199 rows, but there are 200",
+                [](FileBytes& file) { changeRowCount(file, file.tablePage("TABLA"), -1); });
 }
 TEST(JetCheck, rows_that_overlap) {
     expectFound("does not lie behind the rows before it",
                 [](FileBytes& file) { put16(rowEntry(file, file.rowPages("TABLA").front() << 8 | 3), 4095); });
 }
 TEST(JetCheck, a_row_count_of_a_page_that_does_not_fit) {
-    expectFound("counts more rows than it can hold", [](FileBytes& file) { put16(file.page(file.rowPages("TABLA").front()) + data::kRowCount, 5000); });
+    expectFound("counts more rows than it can hold",
+                [](FileBytes& file) { put16(file.page(file.rowPages("TABLA").front()) + data::kRowCount, 5000); });
 }
 TEST(JetCheck, a_wrong_figure_of_free_bytes) {
-    expectFound("bytes are free, but there are", [](FileBytes& file) { file.page(file.rowPages("TABLA").front())[data::kFree] ^= 1; });
+    expectFound("bytes are free, but there are",
+                [](FileBytes& file) { file.page(file.rowPages("TABLA").front())[data::kFree] ^= 1; });
 }
 TEST(JetCheck, offsets_of_variable_columns_that_do_not_rise) {
     expectFound("offsets of variable columns that do not rise", [](FileBytes& file) {
@@ -144,7 +165,8 @@ TEST(JetCheck, a_count_of_variable_columns_that_does_not_fit) {
     });
 }
 TEST(JetCheck, a_row_of_more_columns_than_the_table) {
-    expectFound("number of columns that the table does not have", [](FileBytes& file) { put16(file.row(file.rowPages("TABLA").front() << 8), 17); });
+    expectFound("number of columns that the table does not have",
+                [](FileBytes& file) { put16(file.row(file.rowPages("TABLA").front() << 8), 17); });
 }
 TEST(JetCheck, a_moved_row_that_is_not_where_it_went) {
     expectFound("moved to row 9 of page 0, where it is not", [](FileBytes& file) {
@@ -163,7 +185,8 @@ TEST(JetCheck, a_column_of_another_sort_order) {
                 [](FileBytes& file) { put16(file.columnBytes("TABLA", "TIPUS") + 11, 0); });
 }
 TEST(JetCheck, a_column_with_a_wrong_length) {
-    expectFound("The column \"ID\" of the table \"TABLA\" has the length 4 instead of 8", [](FileBytes& file) { put16(file.columnBytes("TABLA", "ID") + 23, 4); });
+    expectFound("The column \"ID\" of the table \"TABLA\" has the length 4 instead of 8",
+                [](FileBytes& file) { put16(file.columnBytes("TABLA", "ID") + 23, 4); });
 }
 TEST(JetCheck, a_column_that_overlaps_another) {
     expectFound("The column \"OBJ_ID\" of the table \"TABLA\" overlaps the one before it",
@@ -173,13 +196,16 @@ TEST(JetCheck, a_column_of_an_unknown_type) {
     expectFound("is of an unknown type", [](FileBytes& file) { file.columnBytes("TABLA", "ID")[0] = 14; });
 }
 TEST(JetCheck, a_column_without_the_mark) {
-    expectFound("The column \"ID\" of the table \"TABLA\" lacks the mark", [](FileBytes& file) { put32(file.columnBytes("TABLA", "ID") + 1, 0); });
+    expectFound("The column \"ID\" of the table \"TABLA\" lacks the mark",
+                [](FileBytes& file) { put32(file.columnBytes("TABLA", "ID") + 1, 0); });
 }
 TEST(JetCheck, a_column_number_that_stands_twice) {
-    expectFound("Two columns of the table \"TABLA\" have the same number", [](FileBytes& file) { put16(file.columnBytes("TABLA", "OBJ_ID") + 5, 0); });
+    expectFound("Two columns of the table \"TABLA\" have the same number",
+                [](FileBytes& file) { put16(file.columnBytes("TABLA", "OBJ_ID") + 5, 0); });
 }
 TEST(JetCheck, compressed_text_where_the_column_does_not_allow_it) {
-    expectFound("is compressed, though the column does not allow it", [](FileBytes& file) { file.columnBytes("TABLA", "TIPUS")[16] = 0; });
+    expectFound("is compressed, though the column does not allow it",
+                [](FileBytes& file) { file.columnBytes("TABLA", "TIPUS")[16] = 0; });
 }
 TEST(JetCheck, compressed_text_of_two_characters) {
     const std::string path = newFile();
@@ -194,7 +220,8 @@ TEST(JetCheck, compressed_text_of_two_characters) {
     expectViolation(path, "has no more than two characters");
 }
 TEST(JetCheck, text_longer_than_its_column) {
-    expectFound("is longer than the column", [](FileBytes& file) { put16(file.columnBytes("TABLA", "TIPUS") + 23, 8); });
+    expectFound("is longer than the column",
+                [](FileBytes& file) { put16(file.columnBytes("TABLA", "TIPUS") + 23, 8); });
 }
 TEST(JetCheck, text_that_ends_in_the_middle_of_a_character) {
     const std::string path = newFile();
@@ -206,17 +233,21 @@ TEST(JetCheck, text_that_ends_in_the_middle_of_a_character) {
     expectViolation(path, "ends in the middle of a character");
 }
 TEST(JetCheck, a_definition_without_the_mark) {
-    expectFound("lacks the mark 1625", [](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kMark, 7); });
+    expectFound("lacks the mark 1625",
+                [](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kMark, 7); });
 }
 TEST(JetCheck, a_definition_of_a_wrong_length) {
-    expectFound("bytes long, but it has", [](FileBytes& file) { file.page(file.tablePage("TABLA"))[definition::kLength] ^= 1; });
+    expectFound("bytes long, but it has",
+                [](FileBytes& file) { file.page(file.tablePage("TABLA"))[definition::kLength] ^= 1; });
 }
 TEST(JetCheck, a_table_that_is_neither_the_users_nor_the_engines) {
-    expectFound("neither a user's nor a system table", [](FileBytes& file) { file.page(file.tablePage("TABLA"))[definition::kTableType] = 0; });
+    expectFound("neither a user's nor a system table",
+                [](FileBytes& file) { file.page(file.tablePage("TABLA"))[definition::kTableType] = 0; });
 }
 TEST(JetCheck, a_users_table_that_poses_as_a_system_table) {
-    expectFound("do not agree whether \"TABLA\" is a system table",
-                [](FileBytes& file) { file.page(file.tablePage("TABLA"))[definition::kTableType] = definition::kSystemTable; });
+    expectFound("do not agree whether \"TABLA\" is a system table", [](FileBytes& file) {
+        file.page(file.tablePage("TABLA"))[definition::kTableType] = definition::kSystemTable;
+    });
 }
 
 TEST(JetCheck, a_page_of_long_values_that_is_not_marked) {
@@ -244,9 +275,8 @@ TEST(JetCheck, a_long_value_that_leads_nowhere) {
     expectFound("where there is none", [](FileBytes& file) { put32(lastMemo(file) + 4, 0x100); });
 }
 TEST(JetCheck, a_long_value_that_belongs_to_no_row) {
-    expectFound("is a long value that belongs to no row", [](FileBytes& file) {
-        put32(lastMemo(file), longvalue::kInline);
-    });
+    expectFound("is a long value that belongs to no row",
+                [](FileBytes& file) { put32(lastMemo(file), longvalue::kInline); });
 }
 TEST(JetCheck, a_long_value_of_two_rows) {
     const std::string path = newFile();
@@ -259,10 +289,12 @@ TEST(JetCheck, a_long_value_of_two_rows) {
 }
 
 TEST(JetCheck, a_table_outside_its_container) {
-    expectFound("is a table, but does not lie in the container", [](FileBytes& file) { put32(file.row(file.catalogueRow("TABLA")) + 6, 0); });
+    expectFound("is a table, but does not lie in the container",
+                [](FileBytes& file) { put32(file.row(file.catalogueRow("TABLA")) + 6, 0); });
 }
 TEST(JetCheck, a_container_outside_the_root) {
-    expectFound("is a container, but does not lie in the root", [](FileBytes& file) { put32(file.row(file.catalogueRow("Databases")) + 6, kTablesId); });
+    expectFound("is a container, but does not lie in the root",
+                [](FileBytes& file) { put32(file.row(file.catalogueRow("Databases")) + 6, kTablesId); });
 }
 TEST(JetCheck, a_system_object_that_is_missing) {
     expectFound("The catalogue lacks the object \"Relationships\"", [](FileBytes& file) {
@@ -277,13 +309,16 @@ TEST(JetCheck, a_table_that_the_catalogue_lost) {
     });
 }
 TEST(JetCheck, a_table_whose_definition_does_not_exist) {
-    expectFound("which does not exist", [](FileBytes& file) { put32(file.row(file.catalogueRow("TABLA")) + 2, 99999); });
+    expectFound("which does not exist",
+                [](FileBytes& file) { put32(file.row(file.catalogueRow("TABLA")) + 2, 99999); });
 }
 TEST(JetCheck, two_objects_of_the_same_number) {
-    expectFound("have the same number", [](FileBytes& file) { put32(file.row(file.catalogueRow("TABLA")) + 2, file.tablePage("JEGYZET")); });
+    expectFound("have the same number",
+                [](FileBytes& file) { put32(file.row(file.catalogueRow("TABLA")) + 2, file.tablePage("JEGYZET")); });
 }
 TEST(JetCheck, an_object_without_an_owner) {
-    expectFound("The object \"TABLA\" has no owner", [](FileBytes& file) { nullMask(file, file.catalogueRow("TABLA"))[0] &= 0xBF; });
+    expectFound("The object \"TABLA\" has no owner",
+                [](FileBytes& file) { nullMask(file, file.catalogueRow("TABLA"))[0] &= 0xBF; });
 }
 TEST(JetCheck, an_object_on_which_nobody_has_rights) {
     expectFound("Nobody has rights on the object \"TABLA\"", [](FileBytes& file) {
@@ -295,10 +330,12 @@ TEST(JetCheck, an_object_on_which_nobody_has_rights) {
     });
 }
 TEST(JetCheck, rights_on_an_object_that_does_not_exist) {
-    expectFound("grants rights on the object 4711, which does not exist", [](FileBytes& file) { put32(file.row(file.rowPages("MSysACEs").front() << 8) + 2, 4711); });
+    expectFound("grants rights on the object 4711, which does not exist",
+                [](FileBytes& file) { put32(file.row(file.rowPages("MSysACEs").front() << 8) + 2, 4711); });
 }
 TEST(JetCheck, rights_of_nobody) {
-    expectFound("grants rights to nobody", [](FileBytes& file) { nullMask(file, file.rowPages("MSysACEs").front() << 8)[0] &= 0xFD; });
+    expectFound("grants rights to nobody",
+                [](FileBytes& file) { nullMask(file, file.rowPages("MSysACEs").front() << 8)[0] &= 0xFD; });
 }
 
 TEST(JetCheck, an_index_key_that_is_not_that_of_the_row) {
@@ -342,7 +379,8 @@ TEST(JetCheck, a_key_that_stands_twice_where_it_may_stand_once) {
     });
 }
 TEST(JetCheck, an_index_that_counts_too_few_keys) {
-    expectFound("The definition counts 3 keys in the index", [](FileBytes& file) { put32(file.page(kObjectsPage) + definition::kBody + 4, 3); });
+    expectFound("The definition counts 3 keys in the index",
+                [](FileBytes& file) { put32(file.page(kObjectsPage) + definition::kBody + 4, 3); });
 }
 TEST(JetCheck, an_index_page_of_another_owner) {
     expectFound("serves the index \"Id\" of the table \"MSysObjects\", but belongs to the table 3",
@@ -352,13 +390,17 @@ TEST(JetCheck, an_index_page_of_the_wrong_type) {
     expectFound("is not an index leaf", [](FileBytes& file) { file.page(indexRoot(file, kObjectsPage, 1))[0] = 1; });
 }
 TEST(JetCheck, an_index_page_that_its_map_does_not_list) {
-    expectFound("but not in its map", [](FileBytes& file) { flipInMap(file, indexMap(file, kAcesPage, 0), indexRoot(file, kAcesPage, 0)); });
+    expectFound("but not in its map",
+                [](FileBytes& file) { flipInMap(file, indexMap(file, kAcesPage, 0), indexRoot(file, kAcesPage, 0)); });
 }
 TEST(JetCheck, a_page_in_the_map_of_an_index_that_is_not_in_its_tree) {
-    expectFound("but not in its tree", [](FileBytes& file) { flipInMap(file, indexMap(file, kAcesPage, 0), indexRoot(file, kObjectsPage, 0)); });
+    expectFound("but not in its tree", [](FileBytes& file) {
+        flipInMap(file, indexMap(file, kAcesPage, 0), indexRoot(file, kObjectsPage, 0));
+    });
 }
 TEST(JetCheck, an_index_page_with_a_wrong_figure_of_free_bytes) {
-    expectFound("bytes are free, but there are", [](FileBytes& file) { file.page(indexRoot(file, kAcesPage, 0))[index::kFree] ^= 2; });
+    expectFound("bytes are free, but there are",
+                [](FileBytes& file) { file.page(indexRoot(file, kAcesPage, 0))[index::kFree] ^= 2; });
 }
 TEST(JetCheck, an_index_over_a_column_that_does_not_exist) {
     expectFound("over a column that does not exist", [](FileBytes& file) {
@@ -379,7 +421,8 @@ std::string largeFile() {
     const std::string path = newFile();
     std::vector<Table> tables;
     for (int i = 0; i < 200; ++i)
-        tables.push_back({{"Egy elég hosszú táblanév ahhoz hogy sok hely kelljen " + std::to_string(i), {number("ID")}}, {}});
+        tables.push_back(
+            {{"Egy elég hosszú táblanév ahhoz hogy sok hely kelljen " + std::to_string(i), {number("ID")}}, {}});
     tables.push_back(signTable(12000));
     write(path, tables);
     expectClean(path);
@@ -423,7 +466,8 @@ TEST(JetCheck, a_header_that_does_not_lead_to_the_system_tables) {
     });
 }
 TEST(JetCheck, a_user_who_was_cut_off_while_writing) {
-    expectFound("user 5 was cut off while writing", [](FileBytes& file) { put16(file.page(0) + header::kCommitBytes + 10, 0); });
+    expectFound("user 5 was cut off while writing",
+                [](FileBytes& file) { put16(file.page(0) + header::kCommitBytes + 10, 0); });
 }
 TEST(JetCheck, the_columns_follow_the_sort_order_of_the_database) {
     expectFound("has the sort order 1033, not that of the database", [](FileBytes& file) {

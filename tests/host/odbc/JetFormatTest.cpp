@@ -33,12 +33,15 @@ std::string textKey(const std::string& utf8) {
 TEST(JetFormat, keys_are_those_that_access_writes) {
     EXPECT_EQ(textKey("MSysObjects"), "7f606b766b644c5b514d6d6b0100");
     EXPECT_EQ(textKey("Fruit Salad"), "7f53696f596d076b4a5e4a4f0100");
-    EXPECT_EQ(textKey("Mandarin/Tangerine"), "7f604a624f4a6959621e6d4a6255516959625101" "00");
+    EXPECT_EQ(textKey("Mandarin/Tangerine"), "7f604a624f4a6959621e6d4a6255516959625101"
+                                             "00");
     EXPECT_EQ(textKey("Pepper, Red Bell"), "7f6651666651691a0769514f074c515e5e0100");
-    EXPECT_EQ(textKey("~sq_fFruit"), "7f2b0f6b682b03535369" "6f596d0100");
+    EXPECT_EQ(textKey("~sq_fFruit"), "7f2b0f6b682b03535369"
+                                     "6f596d0100");
     EXPECT_EQ(textKey("PROJECTwm"), "7f6669645b514d6d73600100");
     EXPECT_EQ(textKey("Kumquat"), "7f5c6f60686f4a6d0100");
-    EXPECT_EQ(textKey("ImExSpecs"), "7f59605175" "6b66514d6b0100");
+    EXPECT_EQ(textKey("ImExSpecs"), "7f59605175"
+                                    "6b66514d6b0100");
     EXPECT_EQ(textKey("0"), "7f360100");
 }
 TEST(JetFormat, keys_know_no_case_and_put_accents_behind_the_letters) {
@@ -92,7 +95,10 @@ TEST(JetFormat, the_catalogue_holds_what_access_expects) {
 }
 TEST(JetFormat, columns_carry_the_running_index_and_the_sort_order) {
     const std::string path = newFile();
-    write(path, {{{"T", {number("a"), text("b", 40), number("c"), text("d"), column("e", ColumnKind::Bool), decimal("f", 12, 3)}}, {}}});
+    write(path,
+          {{{"T",
+             {number("a"), text("b", 40), number("c"), text("d"), column("e", ColumnKind::Bool), decimal("f", 12, 3)}},
+            {}}});
     FileBytes file(path);
     const std::vector<std::uint16_t> running{0, 0, 1, 1, 2, 2};
     const char* names = "abcdef";
@@ -127,7 +133,9 @@ TEST(JetFormat, a_small_table_behind_many_pages_keeps_its_map_in_its_row) {
 }
 
 TEST(JetFormat, decimals_are_read_and_written_without_loss) {
-    const auto again = [](const char* text, unsigned scale) { return formatDecimal(*parseDecimal(text, scale), scale); };
+    const auto again = [](const char* text, unsigned scale) {
+        return formatDecimal(*parseDecimal(text, scale), scale);
+    };
     EXPECT_EQ(again("-922337203685477.5808", 4), "-922337203685477.5808");
     EXPECT_EQ(again("0", 4), "0.0000");
     EXPECT_EQ(again("-0.00004", 4), "0.0000");
@@ -145,6 +153,7 @@ TEST(JetFormat, guids_are_read_with_and_without_braces) {
     EXPECT_EQ(hex(std::string(bytes->begin(), bytes->end())), "33221100554477668899aabbccddeeff");
     EXPECT_EQ(formatGuid(bytes->data()), "{00112233-4455-6677-8899-AABBCCDDEEFF}");
     EXPECT_TRUE(parseGuid("00112233-4455-6677-8899-AABBCCDDEEFF"));
-    for (const char* text : {"", "{00112233-4455-6677-8899-aabbccddeef}", "0011223344556677-8899-AABBCCDDEEFF--", "{0011223g-4455-6677-8899-aabbccddeeff}"})
+    for (const char* text : {"", "{00112233-4455-6677-8899-aabbccddeef}", "0011223344556677-8899-AABBCCDDEEFF--",
+                             "{0011223g-4455-6677-8899-aabbccddeeff}"})
         EXPECT_FALSE(parseGuid(text)) << text;
 }

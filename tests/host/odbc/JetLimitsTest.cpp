@@ -1,5 +1,6 @@
 // What an Access file cannot hold is refused with one sentence that says so.
 #include "JetTestSupport.h"
+#include "jet/JetPageStore.h"
 #include "jet/JetWriter.h"
 
 #include <gtest/gtest.h>
@@ -12,16 +13,22 @@ namespace {
 std::string writeError(const Table& table) {
     return errorOf([&] { write(newFile(), {table}); });
 }
-std::string cellError(const StoreColumn& column, const Cell& cell) { return writeError({{"T", {column}}, {{cell}}}); }
+std::string cellError(const StoreColumn& column, const Cell& cell) {
+    return writeError({{"T", {column}}, {{cell}}});
+}
 } // namespace
 
 TEST(JetLimits, text_longer_than_its_column) {
-    EXPECT_EQ(cellError(text("NEV"), std::string(256, 'x')), "The column \"NEV\" of the table \"T\" cannot hold text of more than 255 characters.");
-    EXPECT_EQ(cellError(text("NEV", 3), "őűőű"), "The column \"NEV\" of the table \"T\" cannot hold text of more than 3 characters.");
+    EXPECT_EQ(cellError(text("NEV"), std::string(256, 'x')),
+              "The column \"NEV\" of the table \"T\" cannot hold text of more than 255 characters.");
+    EXPECT_EQ(cellError(text("NEV", 3), "őűőű"),
+              "The column \"NEV\" of the table \"T\" cannot hold text of more than 3 characters.");
 }
 TEST(JetLimits, text_that_is_no_unicode) {
-    EXPECT_EQ(cellError(text("NEV"), "\xFF\xFE"), "The column \"NEV\" of the table \"T\" cannot hold text that is no Unicode.");
-    EXPECT_EQ(cellError(column("M", ColumnKind::Memo), "a\xC3"), "The column \"M\" of the table \"T\" cannot hold text that is no Unicode.");
+    EXPECT_EQ(cellError(text("NEV"), "\xFF\xFE"),
+              "The column \"NEV\" of the table \"T\" cannot hold text that is no Unicode.");
+    EXPECT_EQ(cellError(column("M", ColumnKind::Memo), "a\xC3"),
+              "The column \"M\" of the table \"T\" cannot hold text that is no Unicode.");
 }
 TEST(JetLimits, names_longer_than_64_characters) {
     const std::string longName(65, 'N');
@@ -44,11 +51,15 @@ TEST(JetLimits, a_row_longer_than_a_page) {
         table.shape.columns.push_back(text("C" + std::to_string(i)));
         table.rows[0].push_back(std::string(255, 'x'));
     }
-    EXPECT_EQ(writeError(table), "A row of the table \"T\" is longer than the 4,060 bytes that an Access table allows.");
+    EXPECT_EQ(writeError(table),
+              "A row of the table \"T\" is longer than the 4,060 bytes that an Access table allows.");
 }
 TEST(JetLimits, names_that_stand_twice) {
-    EXPECT_EQ(writeError({{"T", {number("nev"), text("NEV")}}, {}}), "The column \"NEV\" stands twice in the table \"T\".");
-    EXPECT_EQ(errorOf([] { write(newFile(), {{{"Ős", {number("ID")}}, {}}, {{"ŐS", {number("ID")}}, {}}}); }),
+    EXPECT_EQ(writeError({{"T", {number("nev"), text("NEV")}}, {}}),
+              "The column \"NEV\" stands twice in the table \"T\".");
+    EXPECT_EQ(errorOf([] {
+                  write(newFile(), {{{"Ős", {number("ID")}}, {}}, {{"ŐS", {number("ID")}}, {}}});
+              }),
               "There are two tables with the name \"ŐS\".");
     EXPECT_EQ(writeError({{"msysobjects", {number("ID")}}, {}}), "There are two tables with the name \"msysobjects\".");
 }
@@ -68,27 +79,35 @@ TEST(JetLimits, values_outside_their_columns) {
     EXPECT_EQ(cellError(column("C", Long), 1.5), head + "a value that is no whole number.");
     EXPECT_EQ(cellError(column("C", Double), "1"), head + "a value that is no number.");
     EXPECT_EQ(cellError(column("C", Single), 1e39), head + "so large a number.");
-    EXPECT_EQ(cellError(column("C", Currency), "922337203685477.5808"), head + "\"922337203685477.5808\" as an amount of money.");
+    EXPECT_EQ(cellError(column("C", Currency), "922337203685477.5808"),
+              head + "\"922337203685477.5808\" as an amount of money.");
     EXPECT_EQ(cellError(decimal("C", 4, 2), "100.00"), head + "\"100.00\" as a number of its precision.");
     EXPECT_EQ(cellError(column("C", Guid), "{nem}"), head + "a value that is no GUID.");
     EXPECT_EQ(cellError(column("C", Binary, 2), Cell::blob("abc")), head + "more than 2 bytes.");
     EXPECT_EQ(cellError(text("C"), 1.0), head + "a value that is no text.");
 }
 TEST(JetLimits, sizes_that_no_column_has) {
-    EXPECT_EQ(writeError({{"T", {text("C", 256)}}, {}}), "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
-    EXPECT_EQ(writeError({{"T", {text("C", 0)}}, {}}), "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
+    EXPECT_EQ(writeError({{"T", {text("C", 256)}}, {}}),
+              "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
+    EXPECT_EQ(writeError({{"T", {text("C", 0)}}, {}}),
+              "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
     EXPECT_NE(writeError({{"T", {decimal("C", 29, 0)}}, {}}).find("1 to 28 digits"), std::string::npos);
 }
 TEST(JetLimits, numbers_of_another_type_are_taken_where_nothing_is_lost) {
     using enum ColumnKind;
     const std::string path = newFile();
-    write(path, {{{"T", {number("d"), column("l", Long), column("c", Currency), decimal("n", 10, 2), column("date", Date), column("b", Bool)}},
+    write(path, {{{"T",
+                   {number("d"), column("l", Long), column("c", Currency), decimal("n", 10, 2), column("date", Date),
+                    column("b", Bool)}},
                   {{7, 7.0, 12.5, "3.005", 40000, -1}}}});
-    expectSame(read(path), {{{"T", {number("d"), column("l", Long), column("c", Currency), decimal("n", 10, 2), column("date", Date), column("b", Bool)}},
+    expectSame(read(path), {{{"T",
+                              {number("d"), column("l", Long), column("c", Currency), decimal("n", 10, 2),
+                               column("date", Date), column("b", Bool)}},
                              {{7.0, 7, "12.5000", "3.01", 40000.0, 1}}}});
 }
 TEST(JetLimits, a_file_that_cannot_be_made) {
-    EXPECT_NE(errorOf([] { JetWriter writer(newFile() + "/none/test.mdb"); }).find("could not be created"), std::string::npos);
+    EXPECT_NE(errorOf([] { JetWriter writer(newFile() + "/none/test.mdb"); }).find("could not be created"),
+              std::string::npos);
 }
 TEST(JetLimits, a_full_disk) {
     if (::access("/dev/full", W_OK) != 0)
@@ -98,4 +117,18 @@ TEST(JetLimits, a_full_disk) {
         writer.finish();
     });
     EXPECT_EQ(error, "The file \"/dev/full\" could not be written: the disk is full.");
+}
+TEST(JetLimits, a_file_that_would_grow_past_two_gigabytes) {
+    jet::JetPageStore store(newFile(), 300);
+    for (std::uint32_t page = 0; page < 300; ++page)
+        EXPECT_EQ(store.allocate(), page);
+    EXPECT_EQ(errorOf([&] { store.allocate(); }),
+              "The database would grow past 2 GB, the most that an Access file can hold.");
+    EXPECT_LT(std::uint64_t{jet::kMaxPages} * jet::kPageSize, std::uint64_t{1} << 31);
+    EXPECT_GT((jet::kMaxPages + 2) * std::uint64_t{jet::kPageSize}, std::uint64_t{1} << 31);
+}
+TEST(JetLimits, text_that_begins_with_a_byte_order_mark_and_cannot_be_told_from_compressed_text) {
+    // U+FEFF first makes the text look compressed, and characters whose low byte is zero cannot stand in such text.
+    EXPECT_EQ(cellError(text("NEV"), "\xEF\xBB\xBF\xC4\x80"),
+              "The column \"NEV\" of the table \"T\" cannot hold text that is no Unicode.");
 }

@@ -28,11 +28,17 @@ std::string errorAfter(const std::function<void(FileBytes&)>& spoil, const Table
     file.save(path);
     return readError(path);
 }
-bool contains(const std::string& whole, const std::string& part) { return whole.find(part) != std::string::npos; }
+bool contains(const std::string& whole, const std::string& part) {
+    return whole.find(part) != std::string::npos;
+}
 } // namespace
 
-TEST(JetReader, no_such_file) { EXPECT_EQ(readError("/no/such.mdb"), "There is no file \"/no/such.mdb\"."); }
-TEST(JetReader, a_folder) { EXPECT_EQ(readError("/tmp"), "\"/tmp\" is a folder, not a database file."); }
+TEST(JetReader, no_such_file) {
+    EXPECT_EQ(readError("/no/such.mdb"), "There is no file \"/no/such.mdb\".");
+}
+TEST(JetReader, a_folder) {
+    EXPECT_EQ(readError("/tmp"), "\"/tmp\" is a folder, not a database file.");
+}
 TEST(JetReader, no_right_to_read) {
     const std::string path = newFile();
     write(path, {});
@@ -49,7 +55,8 @@ TEST(JetReader, a_pipe_does_not_hold_us_up) {
     EXPECT_EQ(readError(path), "\"" + path + "\" is no ordinary file.");
 }
 TEST(JetReader, files_of_another_kind) {
-    for (const std::string& bytes : {std::string(), std::string("x"), std::string(10000, '\0'), std::string(10000, 'x')}) {
+    for (const std::string& bytes :
+         {std::string(), std::string("x"), std::string(10000, '\0'), std::string(10000, 'x')}) {
         const std::string path = fileOf(bytes);
         EXPECT_EQ(readError(path), "The file \"" + path + "\" is no Access database.") << bytes.size();
     }
@@ -58,7 +65,8 @@ TEST(JetReader, a_database_of_access_2007) {
     std::string bytes(8192, '\0');
     bytes.replace(0, 19, std::string("\0\1\0\0Standard ACE DB", 19));
     bytes[0x14] = 2;
-    EXPECT_TRUE(contains(readError(fileOf(bytes)), "is a database of Access 2007 or later (.accdb); save it as .mdb in Access."));
+    EXPECT_TRUE(contains(readError(fileOf(bytes)),
+                         "is a database of Access 2007 or later (.accdb); save it as .mdb in Access."));
 }
 TEST(JetReader, a_file_with_a_password) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
@@ -78,21 +86,25 @@ TEST(JetReader, an_encrypted_file) {
 }
 
 TEST(JetReader, a_last_page_that_is_cut_off) {
-    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.bytes.resize(file.bytes.size() - 100); }), "is cut off: its last page is not whole."));
+    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.bytes.resize(file.bytes.size() - 100); }),
+                         "is cut off: its last page is not whole."));
 }
 TEST(JetReader, a_file_that_lacks_whole_pages) {
-    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.bytes.resize(file.bytes.size() - 3 * 4096); }), "is damaged: a usage map lists page"));
+    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.bytes.resize(file.bytes.size() - 3 * 4096); }),
+                         "is damaged: a usage map lists page"));
 }
 TEST(JetReader, an_empty_list_of_pages_against_a_count_of_rows) {
-    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
-                             std::uint8_t* map = file.row(file.definition(file.tablePage("TABLA")).usedMap);
-                             std::fill(map, map + usage::kRowSize, std::uint8_t{0});
-                         }),
-                         "is damaged: the table \"TABLA\" says that it holds 300 rows, but its list of pages is empty."));
+    EXPECT_TRUE(
+        contains(errorAfter([](FileBytes& file) {
+                     std::uint8_t* map = file.row(file.definition(file.tablePage("TABLA")).usedMap);
+                     std::fill(map, map + usage::kRowSize, std::uint8_t{0});
+                 }),
+                 "is damaged: the table \"TABLA\" says that it holds 300 rows, but its list of pages is empty."));
 }
 TEST(JetReader, a_count_of_rows_that_disagrees) {
-    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kRowCount, 301); }),
-                         "the table \"TABLA\" says that it holds 301 rows, but 300 were found."));
+    EXPECT_TRUE(contains(
+        errorAfter([](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kRowCount, 301); }),
+        "the table \"TABLA\" says that it holds 301 rows, but 300 were found."));
 }
 TEST(JetReader, a_page_that_is_missing_from_the_list) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
@@ -107,7 +119,9 @@ TEST(JetReader, a_column_of_an_unknown_type) {
                          "The column \"ID\" of the table \"TABLA\" has a type that is not known here."));
 }
 TEST(JetReader, a_definition_without_end) {
-    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kNext, file.tablePage("TABLA")); }),
+    EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
+                             put32(file.page(file.tablePage("TABLA")) + definition::kNext, file.tablePage("TABLA"));
+                         }),
                          "has no end."));
 }
 TEST(JetReader, a_row_that_makes_no_sense) {
@@ -121,10 +135,13 @@ TEST(JetReader, a_long_value_that_is_broken_off) {
     const Table table{{"T", {column("M", ColumnKind::Memo)}}, {{std::string(9000, 'm')}}};
     const auto head = [](FileBytes& file) { return file.row(file.rowPages("T").front() << 8) + 2; };
     EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file), 20000); }, table), "is damaged: "));
-    EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file) + 4, file.tablePage("T") << 8); }, table), "should hold rows and does not"));
-    EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file) + 4, file.rowPages("T").front() << 8); }, table),
-                         "should hold a long value and does not"));
-    EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file), 0x3FFFFFFF); }, table), "longer than the whole file"));
+    EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file) + 4, file.tablePage("T") << 8); }, table),
+                         "should hold rows and does not"));
+    EXPECT_TRUE(
+        contains(errorAfter([&](FileBytes& file) { put32(head(file) + 4, file.rowPages("T").front() << 8); }, table),
+                 "should hold a long value and does not"));
+    EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file), 0x3FFFFFFF); }, table),
+                         "longer than the whole file"));
 }
 TEST(JetReader, a_long_value_that_bites_its_own_tail) {
     const Table table{{"T", {column("M", ColumnKind::Memo)}}, {{std::string(9000, 'm')}}};
@@ -208,7 +225,8 @@ TEST(JetReader, a_row_that_is_older_than_a_column_is_null_there) {
 
 TEST(JetReader, tables_of_the_engine_of_access_and_leftovers_are_left_out) {
     const std::string path = newFile();
-    write(path, {{{"RENDES", {number("ID")}}, {}}, {{"MSysValami", {number("ID")}}, {}}, {{"~TMPCLP1", {number("ID")}}, {}}});
+    write(path,
+          {{{"RENDES", {number("ID")}}, {}}, {{"MSysValami", {number("ID")}}, {}}, {{"~TMPCLP1", {number("ID")}}, {}}});
     FileBytes file(path);
     put32(file.row(file.catalogueRow("MSysValami")) + 2 + 26, 2); // Flags: a table that Access keeps for itself
     file.save(path);
@@ -230,7 +248,9 @@ TEST(JetReader, a_fixed_type_may_lie_among_the_variable_columns) {
 
 TEST(JetReader, a_spoiled_byte_anywhere_never_brings_the_reader_down) {
     const std::string path = newFile();
-    write(path, {signTable(200), {{"M", {column("m", ColumnKind::Memo), column("o", ColumnKind::Ole)}}, {{std::string(9000, 'm'), Cell::blob("x")}}}});
+    write(path, {signTable(200),
+                 {{"M", {column("m", ColumnKind::Memo), column("o", ColumnKind::Ole)}},
+                  {{std::string(9000, 'm'), Cell::blob("x")}}}});
     const FileBytes clean(path);
     std::uint32_t random = 99;
     const auto next = [&] { return random = random * 1664525 + 1013904223, random >> 8; };

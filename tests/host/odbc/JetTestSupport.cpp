@@ -28,19 +28,27 @@ Cell Cell::blob(std::string bytes) {
 
 Cell::Cell(const StoreCell& cell) : type(cell.type), integer(cell.integer), real(cell.real), bytes(cell.bytes) {}
 
-StoreCell Cell::view() const { return {type, integer, real, bytes}; }
+StoreCell Cell::view() const {
+    return {type, integer, real, bytes};
+}
 
 bool operator==(const Cell& a, const Cell& b) {
-    return a.type == b.type && a.integer == b.integer && std::bit_cast<std::uint64_t>(a.real) == std::bit_cast<std::uint64_t>(b.real) && a.bytes == b.bytes;
+    return a.type == b.type && a.integer == b.integer &&
+           std::bit_cast<std::uint64_t>(a.real) == std::bit_cast<std::uint64_t>(b.real) && a.bytes == b.bytes;
 }
 
 std::ostream& operator<<(std::ostream& out, const Cell& cell) {
     switch (cell.type) {
-    case StoreCell::Type::Null: return out << "null";
-    case StoreCell::Type::Integer: return out << cell.integer;
-    case StoreCell::Type::Real: return out << std::setprecision(17) << cell.real;
-    case StoreCell::Type::Text: return out << '"' << cell.bytes.substr(0, 80) << "\" (" << cell.bytes.size() << ")";
-    case StoreCell::Type::Bytes: return out << "bytes (" << cell.bytes.size() << ")";
+    case StoreCell::Type::Null:
+        return out << "null";
+    case StoreCell::Type::Integer:
+        return out << cell.integer;
+    case StoreCell::Type::Real:
+        return out << std::setprecision(17) << cell.real;
+    case StoreCell::Type::Text:
+        return out << '"' << cell.bytes.substr(0, 80) << "\" (" << cell.bytes.size() << ")";
+    case StoreCell::Type::Bytes:
+        return out << "bytes (" << cell.bytes.size() << ")";
     }
     return out;
 }
@@ -48,7 +56,8 @@ std::ostream& operator<<(std::ostream& out, const Cell& cell) {
 std::ostream& operator<<(std::ostream& out, const Table& table) {
     out << table.shape.name << " with " << table.rows.size() << " rows:";
     for (const StoreColumn& column : table.shape.columns)
-        out << " " << column.name << "/" << static_cast<int>(column.kind) << "/" << column.size << "/" << int{column.precision} << "/" << int{column.scale};
+        out << " " << column.name << "/" << static_cast<int>(column.kind) << "/" << column.size << "/"
+            << int{column.precision} << "/" << int{column.scale};
     for (const Row& row : table.rows) {
         out << "\n ";
         for (const Cell& cell : row)
@@ -57,29 +66,40 @@ std::ostream& operator<<(std::ostream& out, const Table& table) {
     return out;
 }
 
-StoreColumn column(std::string name, ColumnKind kind, int size) { return {std::move(name), kind, static_cast<std::uint16_t>(size), 0, 0}; }
-StoreColumn text(std::string name, int size) { return column(std::move(name), ColumnKind::Text, size); }
-StoreColumn number(std::string name) { return column(std::move(name), ColumnKind::Double); }
+StoreColumn column(std::string name, ColumnKind kind, int size) {
+    return {std::move(name), kind, static_cast<std::uint16_t>(size), 0, 0};
+}
+StoreColumn text(std::string name, int size) {
+    return column(std::move(name), ColumnKind::Text, size);
+}
+StoreColumn number(std::string name) {
+    return column(std::move(name), ColumnKind::Double);
+}
 StoreColumn decimal(std::string name, int precision, int scale) {
-    return {std::move(name), ColumnKind::Numeric, 0, static_cast<std::uint8_t>(precision), static_cast<std::uint8_t>(scale)};
+    return {std::move(name), ColumnKind::Numeric, 0, static_cast<std::uint8_t>(precision),
+            static_cast<std::uint8_t>(scale)};
 }
 
 Table signTable(std::size_t count) {
-    Table table{{"TABLA",
-                 {number("ID"), number("OBJ_ID"), text("TIPUS"), number("CSOPORT"), number("SORSZAM"), number("KIEG_SORSZAM"), text("KONYVTAR_TIP1"),
-                  text("KONYVTAR_TIP2"), number("PX"), number("PY"), number("ELTOLAS"), number("SZELESSEG"), number("MAGASSAG"), number("ELFORG"),
-                  number("LEPTEK"), text("KIHELY_TIP")}},
-                {}};
+    Table table{
+        {"TABLA",
+         {number("ID"), number("OBJ_ID"), text("TIPUS"), number("CSOPORT"), number("SORSZAM"), number("KIEG_SORSZAM"),
+          text("KONYVTAR_TIP1"), text("KONYVTAR_TIP2"), number("PX"), number("PY"), number("ELTOLAS"),
+          number("SZELESSEG"), number("MAGASSAG"), number("ELFORG"), number("LEPTEK"), text("KIHELY_TIP")}},
+        {}};
     for (std::size_t i = 0; i < count; ++i) {
         const auto at = static_cast<double>(i);
-        table.rows.push_back({at + 1, at / 4 + 1, i % 3 != 0 ? "tábla" : "lámpa", 1.0, at + 0.1, i % 5 == 0 ? Cell{} : Cell{2.0},
-                              "Veszélyt jelző táblák\\I. csoport", "a_12.dwg", 650000.123456 + at, 240000.654321 + at / 3, 0.0, 0.6, 0.75, 90.0, 1.0,
+        table.rows.push_back({at + 1, at / 4 + 1, i % 3 != 0 ? "tábla" : "lámpa", 1.0, at + 0.1,
+                              i % 5 == 0 ? Cell{} : Cell{2.0}, "Veszélyt jelző táblák\\I. csoport", "a_12.dwg",
+                              650000.123456 + at, 240000.654321 + at / 3, 0.0, 0.6, 0.75, 90.0, 1.0,
                               i % 2 != 0 ? "meglévő" : "megszüntetendő"});
     }
     return table;
 }
 
-std::string newFile(const std::string& name) { return testTempPath() + "/" + name; }
+std::string newFile(const std::string& name) {
+    return testTempPath() + "/" + name;
+}
 
 void write(const std::string& path, const std::vector<Table>& tables) {
     JetWriter writer(path);
@@ -127,7 +147,8 @@ void expectSame(const std::vector<Table>& found, const std::vector<Table>& expec
         ASSERT_EQ(found[i].rows.size(), expected[i].rows.size()) << expected[i].shape.name;
         for (std::size_t row = 0; row < expected[i].rows.size(); ++row)
             for (std::size_t at = 0; at < expected[i].rows[row].size(); ++at)
-                ASSERT_EQ(found[i].rows[row][at], expected[i].rows[row][at]) << "row " << row << ", column " << expected[i].shape.columns[at].name;
+                ASSERT_EQ(found[i].rows[row][at], expected[i].rows[row][at])
+                    << "row " << row << ", column " << expected[i].shape.columns[at].name;
     }
 }
 
@@ -176,7 +197,9 @@ void FileBytes::save(const std::string& path) const {
     out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
-void FileBytes::mask() { maskHeader(std::span(bytes).first(4096), header::kMaskedSize); }
+void FileBytes::mask() {
+    maskHeader(std::span(bytes).first(4096), header::kMaskedSize);
+}
 
 JetDefinition FileBytes::definition(std::uint32_t page) const {
     const JetFile file("bytes", bytes);
@@ -184,7 +207,9 @@ JetDefinition FileBytes::definition(std::uint32_t page) const {
     return readDefinition(file, page, decoder);
 }
 
-std::vector<std::uint32_t> FileBytes::pagesOf(std::uint32_t mapPointer) const { return pagesOfMap(JetFile("bytes", bytes), mapPointer); }
+std::vector<std::uint32_t> FileBytes::pagesOf(std::uint32_t mapPointer) const {
+    return pagesOfMap(JetFile("bytes", bytes), mapPointer);
+}
 
 std::uint32_t FileBytes::catalogueRow(const std::string& object) const {
     const JetFile file("bytes", bytes);
@@ -215,7 +240,8 @@ std::uint8_t* FileBytes::row(std::uint32_t pointer) {
 
 std::size_t FileBytes::rowSize(std::uint32_t pointer) {
     const std::uint8_t* at = page(pointer >> 8);
-    const std::size_t end = (pointer & 0xFF) == 0 ? 4096 : get16(at + data::kRows + 2 * ((pointer & 0xFF) - 1)) & data::kOffset;
+    const std::size_t end =
+        (pointer & 0xFF) == 0 ? 4096 : get16(at + data::kRows + 2 * ((pointer & 0xFF) - 1)) & data::kOffset;
     return end - static_cast<std::size_t>(row(pointer) - at);
 }
 

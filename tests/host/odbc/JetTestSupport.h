@@ -78,7 +78,9 @@ public:
     std::uint32_t tablePage(const std::string& name) const;
     std::vector<std::uint32_t> pagesOf(std::uint32_t mapPointer) const;
     // The pages of the table's rows.
-    std::vector<std::uint32_t> rowPages(const std::string& table) const { return pagesOf(definition(tablePage(table)).usedMap); }
+    std::vector<std::uint32_t> rowPages(const std::string& table) const {
+        return pagesOf(definition(tablePage(table)).usedMap);
+    }
     // Where a row lies.
     std::uint8_t* row(std::uint32_t pointer);
     std::size_t rowSize(std::uint32_t pointer);
