@@ -138,7 +138,7 @@ std::optional<JetCheckIndexTree::Bounds> JetCheckIndexTree::walkNode(const JetPa
             continue;
         }
         const std::uint32_t child = bigEndian(entry.data() + entry.size() - 4);
-        entry.resize(entry.size() - 4);
+        entry.erase(entry.end() - 4, entry.end());
         children.emplace_back(std::move(entry), child);
     }
     if (const std::uint32_t tail = get32(page.at(index::kTail)); tail != 0)
