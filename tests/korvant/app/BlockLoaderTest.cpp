@@ -123,6 +123,12 @@ TEST_F(BlockLoader, a_file_that_returns_replaces_its_placeholder) {
     EXPECT_DOUBLE_EQ(radiusOf(real), 2.0);
 }
 
+TEST_F(BlockLoader, a_folder_of_that_name_is_no_file) {
+    std::filesystem::create_directory(acToUtf8(mFolder) + "/Oszlopok/a.dwg");
+    EXPECT_DOUBLE_EQ(radiusOf(loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg").blockId), 9.0);
+    EXPECT_NE(mPrinted.find(L"Blokk definíció nem található: "), std::wstring::npos);
+}
+
 TEST_F(BlockLoader, without_a_placeholder_the_block_id_is_null) {
     TrfcAppSettings::setAppString(APP_SYMBOL_BASE_PATH, mFolder + L"\\nowhere");
     EXPECT_TRUE(loadBlockTemplate(mFolder, L"none.dwg").blockId.isNull());

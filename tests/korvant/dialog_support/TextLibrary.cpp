@@ -123,12 +123,14 @@ void put32(std::vector<Adesk::UInt8>& bytes, unsigned value) {
 }
 
 // Header, no palette, 32 bits a pixel.
-std::vector<Adesk::UInt8> plainDib(int width, int height, unsigned rgb) {
+std::vector<Adesk::UInt8> plainDib(int width, int height, unsigned rgb, unsigned sides) {
     std::vector<Adesk::UInt8> dib;
     for (const unsigned field : {40u, static_cast<unsigned>(width), static_cast<unsigned>(height), (32u << 16) | 1u, 0u, 0u, 0u, 0u, 0u, 0u})
         put32(dib, field);
-    for (int i = 0; i < width * height; ++i)
-        put32(dib, rgb);
+    for (int i = 0; i < width * height; ++i) {
+        const int x = i % width;
+        put32(dib, x < width / 5 || x >= width - width / 5 ? sides : rgb);
+    }
     return dib;
 }
 
@@ -143,7 +145,10 @@ bool readPreview(const ACHAR* path, std::vector<Adesk::UInt8>& dib) {
         int width = 0, height = 0;
         unsigned rgb = 0;
         if (words >> kind >> width >> height >> std::hex >> rgb && kind == "preview") {
-            dib = plainDib(width, height, rgb);
+            unsigned sides = rgb;
+            if (words >> kind && kind == "sides")
+                words >> sides;
+            dib = plainDib(width, height, rgb, sides);
             return true;
         }
     }
@@ -175,7 +180,7 @@ void TextLibrary::add(const std::wstring& relative, const std::string& content) 
 }
 
 void TextLibrary::addBitmap(const std::wstring& relative, int width, int height, unsigned rgb) const {
-    const std::vector<Adesk::UInt8> dib = plainDib(width, height, rgb);
+    const std::vector<Adesk::UInt8> dib = plainDib(width, height, rgb, rgb);
     std::vector<Adesk::UInt8> file = {'B', 'M'};
     put32(file, static_cast<unsigned>(14 + dib.size()));
     put32(file, 0);

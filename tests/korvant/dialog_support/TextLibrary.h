@@ -4,7 +4,8 @@
 //   disk R             filled circle about the origin's (0, R)
 //   fill COLOR X Y ...  filled polygon in a colour index
 //   attdef TAG VALUE   attribute definition;  mattdef: a multiline one
-//   preview W H RRGGBB the preview stored in the file
+//   preview W H RRGGBB [sides RRGGBB]  the preview stored in the file; sides: a fifth of its width at
+//                      the left and at the right
 // A file that begins with "junk" is no drawing.
 #pragma once
 

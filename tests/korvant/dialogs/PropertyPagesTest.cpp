@@ -53,6 +53,15 @@ TEST_F(PropertyPages, the_window_opens_at_the_page_asked_for) {
     EXPECT_EQ(post->lampChain(0).size(), 1);
 }
 
+TEST_F(PropertyPages, a_page_out_of_range_opens_the_nearest) {
+    for (const auto& [asked, opened] : {std::pair(-3, 0), std::pair(9, 1)}) {
+        CPostPropertiesDlg& dialog = open(asked);
+        user.sees([&dialog, page = opened] { EXPECT_EQ(static_cast<CTabCtrl&>(*dialog.GetDlgItem(IDC_PROPERTIES_TAB)).GetCurSel(), page); });
+        user.does(L"@ok");
+        EXPECT_EQ(run(), IDOK);
+    }
+}
+
 TEST_F(PropertyPages, a_page_lies_inside_the_tabs_area) {
     CPostPropertiesDlg& dialog = open(1);
     user.sees([&] {

@@ -111,6 +111,21 @@ TEST_F(SelectTable, expands_a_single_top_folder) {
     dialog.DoModal();
 }
 
+TEST_F(SelectTable, a_chosen_folder_opens) {
+    library.addFolder(L"Lámpák"); // two top folders: neither is open at first
+    CSelectTableDlg dialog(library.root());
+    user.sees([&] {
+        const HTREEITEM item = tree(dialog).GetNextSiblingItem(tree(dialog).GetRootItem());
+        ASSERT_EQ(tree(dialog).GetItemText(item).text(), L"Táblák");
+        EXPECT_EQ(tree(dialog).GetItemState(item, TVIS_EXPANDED) & TVIS_EXPANDED, 0u);
+        tree(dialog).SelectItem(item);
+        EXPECT_NE(tree(dialog).GetItemState(item, TVIS_EXPANDED) & TVIS_EXPANDED, 0u);
+        EXPECT_EQ(list(dialog).GetBkColor(), RGB(255, 255, 255));
+    });
+    user.does(L"@cancel");
+    dialog.DoModal();
+}
+
 TEST_F(SelectTable, a_folder_of_companion_drawings_only_shows_an_empty_list) {
     library.add(L"Csak\\$a.dwg", "preview 100 50 ff0000");
     CSelectTableDlg dialog(library.root());

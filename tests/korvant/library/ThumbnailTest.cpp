@@ -50,11 +50,13 @@ TEST_F(Thumbnails, bear_the_files_title_in_the_order_of_the_folder) {
 }
 
 TEST_F(Thumbnails, show_the_preview_without_its_side_margins) {
-    library.add(L"Táblák\\a.dwg", "preview 100 50 ff0000");
+    library.add(L"Táblák\\a.dwg", "preview 100 50 ff0000 sides 0000ff");
     const std::vector<BlockThumbnail> thumbnails = blockThumbnails(mask(), CSize(60, 50));
     ASSERT_EQ(thumbnails.size(), 1u);
     EXPECT_EQ(thumbnails[0].picture.GetSize(), CSize(60, 50));
-    EXPECT_EQ(thumbnails[0].picture.GetPixel(30, 25), RGB(255, 0, 0));
+    for (const int x : {0, 30, 59})
+        for (const int y : {0, 25, 49})
+            EXPECT_EQ(thumbnails[0].picture.GetPixel(x, y), RGB(255, 0, 0)) << x << "," << y;
 }
 
 TEST_F(Thumbnails, of_a_drawing_without_a_preview_are_blank) {

@@ -521,6 +521,17 @@ TEST_F(Block, reads_every_earlier_version) {
     }
 }
 
+TEST_F(Block, a_file_without_a_unique_scale_takes_the_one_of_the_target_away) {
+    const TrfcBlock source(plate(L"a.dwg"), {}, 0.0, 1.0);
+    AcDbDeepCloneFiler memory(AcDb::kCopyFiler);
+    writeEarlier(memory, source, 5);
+    memory.seek(0, AcDb::kSeekFromStart);
+    TrfcBlock block(plate(L"b.dwg"), {}, 0.0, 1.0);
+    block.setUniqueScaleFactor(2.0);
+    ASSERT_EQ(block.dwgInFields(&memory), Acad::eOk);
+    EXPECT_DOUBLE_EQ(block.uniqueScaleFactor(), 1.0);
+}
+
 TEST_F(Block, a_later_version_asks_for_a_proxy_and_version_0_holds_nothing) {
     for (const Adesk::UInt32 version : {8u, 0u}) {
         AcDbDeepCloneFiler memory(AcDb::kCopyFiler);

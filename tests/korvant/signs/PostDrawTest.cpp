@@ -162,8 +162,10 @@ TEST_F(PostDraw, turning_a_lamp_shows_that_lamp_alone) {
 TEST_F(PostDraw, moving_shows_everything_and_reshaping_leaves_the_lamps_out) {
     auto post = newPost(1);
     post->lampChain(post->addLampChain({5.0, 0.0, 0.0})).appendBlockDownward(newLamp());
-    setActive(*post, L"grip1");
-    EXPECT_EQ(instances(*post), 3u);
+    for (const wchar_t* whole : {L"grip1", L"grip2"}) {
+        setActive(*post, whole);
+        EXPECT_EQ(instances(*post), 3u) << acToUtf8(whole);
+    }
     setActive(*post, L"grip5");
     EXPECT_EQ(instances(*post), 2u);
 }

@@ -1,6 +1,8 @@
 // The post: placement of its points, states, changes of scale, moves and turns.
 #include "SignsFixture.h"
 
+#include "AcEdAds.h"
+#include "AcEdCommandStack.h"
 #include "DialogUser.h"
 #include "TrfcDocSettings.h"
 #include "TrfcStateChangeData.h"
@@ -194,6 +196,14 @@ TEST_F(Post, a_foot_without_a_form_for_the_state_keeps_the_plain_file) {
     EXPECT_EQ(post->postData().postType, 2);
     EXPECT_STREQ(post->baseBlock().descriptor().blockFile, L"Oszlopok\\Egyszerű.dwg");
     expectNear(post->baseBlock().position(), post->pointA());
+}
+
+TEST_F(Post, a_chosen_foot_takes_the_form_of_the_state) {
+    auto post = newPost();
+    post->setPostType(1);
+    post->setBaseBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), L"Oszlopok\\Jelzőoszlop.dwg"));
+    EXPECT_EQ(post->postData().postType, 1);
+    EXPECT_STREQ(post->baseBlock().descriptor().blockFile, L"Oszlopok\\$Jelzőoszlop.dwg");
 }
 
 TEST_F(Post, the_same_state_again_leaves_the_foot_alone) {
@@ -400,6 +410,16 @@ TEST_F(Post, its_extents_leave_signs_lamps_and_note_out) {
     expectNear(extents.maxPoint(), {6.0, 20.0, 0.0});
 }
 
+TEST_F(Post, its_extents_reach_from_A_to_D_even_without_a_foot) {
+    TrfcPost post;
+    post.setPointB({0.0, 10.0, 0.0});
+    post.setPointD({6.0, 20.0, 0.0}, true);
+    AcDbExtents extents;
+    EXPECT_EQ(post.getGeomExtents(extents), Acad::eOk);
+    expectNear(extents.minPoint(), {0.0, 0.0, 0.0});
+    expectNear(extents.maxPoint(), {6.0, 20.0, 0.0});
+}
+
 // ---- state ---------------------------------------------------------------------------------------------
 
 TEST_F(Post, moves_on_by_one_step_and_takes_signs_and_lamps_along) {
@@ -447,4 +467,34 @@ TEST_F(Post, is_erased_only_when_the_question_is_answered_with_OK) {
         EXPECT_EQ(id.isErased(), erased);
     }
     EXPECT_NE(user.printed().find(L"Biztosan törölni akarja a kiemelt oszlopot és összes tábláját/lámpáját?"), std::wstring::npos);
+}
+
+namespace {
+// Stands in for the host's zoom and keeps the corners it was given.
+std::vector<std::wstring>& zoomCorners() {
+    static std::vector<std::wstring> corners;
+    return corners;
+}
+void takeZoom() {
+    ACHAR corner[133];
+    for (int i = 0; i < 2; ++i)
+        if (acedGetString(1, L"", corner) == RTNORM)
+            zoomCorners().emplace_back(corner);
+}
+} // namespace
+
+TEST_F(Post, the_view_goes_to_what_a_question_is_about) {
+    stateChangeData().postToBeRemovedDeleted = stateChangeData().signToBeRemovedDeleted = true;
+    zoomCorners().clear();
+    ASSERT_EQ(acedRegCmds()->addCommand(L"TEST", L"ZOOM", L"ZOOM", 0, takeZoom), Acad::eOk);
+    auto post = newPost(1);
+    post->setPostType(2);
+    post->signChain().setBlockType(0, kBlockToBeRemoved);
+    DialogUser user;
+    user.sees([] { EXPECT_EQ(zoomCorners(), (std::vector<std::wstring>{L"4.000000,20.000000", L"8.000000,24.000000"})); }).does(L"@cancel");
+    user.sees([] { EXPECT_EQ(zoomCorners().size(), 4u); }).does(L"@cancel");
+    post->stateChanges();
+    acedRegCmds()->removeGroup(L"TEST");
+    ASSERT_EQ(zoomCorners().size(), 4u);
+    EXPECT_EQ(zoomCorners()[3], L"6.000000,20.000000"); // of the post: its signs are left out
 }

@@ -230,7 +230,15 @@ TEST_F(Grid, the_editor_lies_inside_its_cell_and_the_list) {
         dialog.grid.GetSubItemRect(0, 1, LVIR_BOUNDS, cell);
         EXPECT_EQ(place.left, cell.left + 4);
         EXPECT_EQ(place.top, cell.top);
-        EXPECT_LE(place.right, list.right);
+        EXPECT_EQ(place.right, cell.right + 1); // four from the left, three off the width
+        EXPECT_EQ(place.bottom, cell.bottom);
+        press(VK_ESCAPE);
+        dialog.grid.SetColumnWidth(1, 2 * list.Width());
+        dialog.grid.showCellEditor(0, 1);
+        ASSERT_NE(editor(), nullptr);
+        editor()->GetWindowRect(place);
+        dialog.grid.ScreenToClient(&place);
+        EXPECT_EQ(place.right, list.right);
         press(VK_ESCAPE);
     });
     run();
