@@ -101,7 +101,8 @@ enum ErrorStatus {
 const ACHAR* acadErrorStatusText(Acad::ErrorStatus es);
 
 namespace AcRx {
-enum AppMsgCode {
+// A host may send codes that are not listed; a module answers them with kRetOK.
+enum AppMsgCode : int {
     kNullMsg = 0,
     kInitAppMsg = 1,
     kUnloadAppMsg = 2,

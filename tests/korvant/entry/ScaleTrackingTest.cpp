@@ -541,3 +541,7 @@ TEST(MessageDispatch, the_messages_without_a_handler_of_ours_give_success) {
         EXPECT_EQ(acrxDispatchMessage(*trfcApp(), static_cast<AcRx::AppMsgCode>(code), nullptr), AcRx::kRetOK);
     EXPECT_EQ(acrxDispatchMessage(*trfcApp(), AcRx::kNullMsg, nullptr), AcRx::kRetOK);
 }
+TEST(MessageDispatch, a_code_that_is_no_message_is_answered_with_success) {
+    for (const int code : {-1, 16, 17, 1000, std::numeric_limits<int>::min()})
+        EXPECT_EQ(acrxDispatchMessage(*trfcApp(), static_cast<AcRx::AppMsgCode>(code), nullptr), AcRx::kRetOK) << code;
+}
