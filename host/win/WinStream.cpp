@@ -1,9 +1,8 @@
 // The stream on a file.
 #include "AcPath.h"
-#include "WinCom.h"
+#include "WinCounted.h"
 #include "WinError.h"
 
-#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -14,28 +13,9 @@ HRESULT writeError() {
     return errno == ENOSPC || errno == EDQUOT || errno == EFBIG ? STG_E_MEDIUMFULL : STG_E_WRITEFAULT;
 }
 
-class FileStream final : public IStream {
+class FileStream final : public WinCounted<IStream> {
 public:
     FileStream(int file, bool readable, bool writable) : mFile(file), mReadable(readable), mWritable(writable) {}
-    FileStream(const FileStream&) = delete;
-    FileStream& operator=(const FileStream&) = delete;
-
-    HRESULT QueryInterface(REFIID iid, void** object) override {
-        if (object == nullptr)
-            return E_POINTER;
-        *object = iid == IID_IUnknown || iid == IID_ISequentialStream || iid == IID_IStream ? static_cast<IStream*>(this) : nullptr;
-        if (*object == nullptr)
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG AddRef() override { return ++mReferences; }
-    ULONG Release() override {
-        const ULONG left = --mReferences;
-        if (left == 0)
-            delete this;
-        return left;
-    }
     HRESULT Read(void* bytes, ULONG count, ULONG* done) override {
         ULONG total = 0;
         HRESULT result = mReadable ? S_OK : STG_E_ACCESSDENIED;
@@ -85,10 +65,10 @@ public:
     HRESULT Commit(DWORD) override { return S_OK; } // nothing is held back here
 
 private:
-    ~FileStream() { ::close(mFile); }
+    ~FileStream() override { ::close(mFile); }
+    bool answersTo(REFIID iid) const override { return iid == IID_IUnknown || iid == IID_ISequentialStream || iid == IID_IStream; }
     int mFile;
     bool mReadable, mWritable;
-    std::atomic<ULONG> mReferences{1};
 };
 } // namespace
 

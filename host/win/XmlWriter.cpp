@@ -23,23 +23,6 @@ HRESULT checkText(std::wstring_view text) { return xmlIsText(text) ? S_OK : WC_E
 
 XmlWriter::~XmlWriter() { closeOutput(); }
 
-HRESULT XmlWriter::QueryInterface(REFIID iid, void** object) {
-    if (object == nullptr)
-        return E_POINTER;
-    *object = iid == IID_IUnknown || iid == IID_IXmlWriter ? static_cast<IXmlWriter*>(this) : nullptr;
-    if (*object == nullptr)
-        return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-ULONG XmlWriter::AddRef() { return ++mReferences; }
-ULONG XmlWriter::Release() {
-    const ULONG left = --mReferences;
-    if (left == 0)
-        delete this;
-    return left;
-}
-
 // ---- output ------------------------------------------------------------------------------------
 
 // A failure is kept here alone: libxml2 would print it.

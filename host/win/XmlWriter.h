@@ -1,23 +1,16 @@
 // The writer behind IXmlWriter, over libxml2's text writer.
 #pragma once
 
+#include "WinCounted.h"
 #include "XmlLite.h"
 
-#include <atomic>
 #include <libxml/xmlwriter.h>
 #include <string>
 #include <string_view>
 #include <vector>
 
-class XmlWriter final : public IXmlWriter {
+class XmlWriter final : public WinCounted<IXmlWriter> {
 public:
-    XmlWriter() = default;
-    XmlWriter(const XmlWriter&) = delete;
-    XmlWriter& operator=(const XmlWriter&) = delete;
-
-    HRESULT QueryInterface(REFIID iid, void** object) override;
-    ULONG AddRef() override;
-    ULONG Release() override;
     HRESULT SetOutput(IUnknown* output) override;
     HRESULT GetProperty(UINT property, LONG_PTR* value) override;
     HRESULT SetProperty(UINT property, LONG_PTR value) override;
@@ -50,7 +43,8 @@ private:
     };
     enum class State { NoOutput, Fresh, Open, Ended }; // Fresh: nothing is written yet
 
-    ~XmlWriter();
+    ~XmlWriter() override;
+    bool answersTo(REFIID iid) const override { return iid == IID_IUnknown || iid == IID_IXmlWriter; }
     static int toStream(void* writer, const char* bytes, int count);
     void closeOutput();
     // S_OK where the document takes more; an error otherwise.
@@ -70,7 +64,6 @@ private:
     HRESULT declare(const std::wstring& prefix, const std::wstring& uri);
     void attribute(const std::string& name, std::wstring_view value);
 
-    std::atomic<ULONG> mReferences{1};
     ISequentialStream* mStream = nullptr;
     xmlTextWriterPtr mWriter = nullptr;
     xmlOutputBufferPtr mBuffer = nullptr; // the writer's own
