@@ -1,7 +1,7 @@
 // Any text as statements, one a line, on a small database: each is run or refused with a sentence, and
 // what the tables hold afterwards can be read and handed on.
 #include "AcUtText.h"
-#include "store/SqlStore.h"
+#include "session/SqlStore.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -2,7 +2,7 @@
 
 #include "AcUtText.h"
 #include "driver/MachineDrivers.h"
-#include "store/FileSession.h"
+#include "session/FileSession.h"
 
 #include <algorithm>
 

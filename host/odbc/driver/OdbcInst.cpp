@@ -3,7 +3,7 @@
 #include "AcUtText.h"
 #include "WinLibrary.h"
 #include "driver/DriverList.h"
-#include "store/FileSession.h"
+#include "session/FileSession.h"
 
 #include <algorithm>
 #include <cstring>

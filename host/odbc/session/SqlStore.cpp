@@ -1,4 +1,4 @@
-#include "store/SqlStore.h"
+#include "session/SqlStore.h"
 
 #include "AcUtText.h"
 #include "store/StoreText.h"

@@ -1,4 +1,4 @@
-#include "store/FileSession.h"
+#include "session/FileSession.h"
 
 #include "AcPath.h"
 #include "AcUtText.h"

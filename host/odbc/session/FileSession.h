@@ -1,9 +1,9 @@
 // A built-in database: a file, read when it is opened and replaced when it is closed.
 #pragma once
 
-#include "store/SafeFile.h"
+#include "session/SafeFile.h"
 #include "store/Session.h"
-#include "store/SqlStore.h"
+#include "session/SqlStore.h"
 
 #include <optional>
 

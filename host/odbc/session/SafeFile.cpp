@@ -1,4 +1,4 @@
-#include "store/SafeFile.h"
+#include "session/SafeFile.h"
 
 #include "AcPath.h"
 #include "store/StoreTable.h"
