@@ -4,27 +4,8 @@
 # Works on a copy of the installation.
 set -uo pipefail
 console="$1"
-home="$(cd "$(dirname "$console")/../home" && pwd)"
-folder="$(mktemp -d)"
-trap 'rm -rf "$folder"' EXIT
-cp -r "$home" "$folder/home"
-mkdir "$folder/data"
-cd "$folder" || exit 1
-export KORVANT_HOME="$PWD/home" KORVANT_LOCALAPPDATA="$PWD/data"
-# Paths in the settings stand with backslashes, in the single-byte code page.
-from="$(printf %s "$home" | sed 's|/|\\\\|g')" to="$(printf %s "$PWD/home" | sed 's|/|\\\\|g')"
-LC_ALL=C sed -i "s|$from|$to|" home/bin/settings.ini
-failed=0
-fail() { echo "FAILED: $*"; cat printed errors; failed=1; }
-run() { # STATUS ARGS...
-  local status="$1"
-  shift
-  "$console" "$@" >printed 2>errors </dev/null
-  local actual=$?
-  [ "$actual" = "$status" ] || fail "$actual instead of $status"
-}
-says() { grep -qF -- "$1" printed || fail "does not say: $1"; }
-says_not() { ! grep -qF -- "$1" printed || fail "says: $1"; }
+. "$(dirname "$0")/installation.sh"
+begin sign
 unique="home/library/Táblák/5 egyedi táblák"
 stored="$unique/100.25_-40.00_Korvant.dwg"
 

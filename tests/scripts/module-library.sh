@@ -3,32 +3,8 @@
 # lists that are no XML. Each case works on a copy of the installation.
 set -uo pipefail
 console="$1"
-home="$(cd "$(dirname "$console")/../home" && pwd)"
-folder="$(mktemp -d)"
-trap 'rm -rf "$folder"' EXIT
-failed=0
-plates=""
-begin() { # NAME: a fresh installation whose settings name its own library
-  mkdir -p "$folder/$1/home" "$folder/$1/data"
-  cp -r "$home/." "$folder/$1/home/"
-  cd "$folder/$1" || exit 1
-  export KORVANT_HOME="$PWD/home" KORVANT_LOCALAPPDATA="$PWD/data"
-  local from to # paths in the settings stand with backslashes, in the single-byte code page
-  from="$(printf %s "$home" | sed 's|/|\\\\|g')"
-  to="$(printf %s "$PWD/home" | sed 's|/|\\\\|g')"
-  LC_ALL=C sed -i "s|$from|$to|" home/bin/settings.ini
-  plates="home/library/Táblák/1 elsőbbség"
-}
-fail() { echo "FAILED ($(basename "$PWD")): $*"; cat printed errors; failed=1; }
-run() { # STATUS ARGS...
-  local status="$1"
-  shift
-  "$console" "$@" >printed 2>errors </dev/null
-  local actual=$?
-  [ "$actual" = "$status" ] || fail "$actual instead of $status"
-}
-says() { grep -qF -- "$1" printed || fail "does not say: $1"; }
-says_not() { ! grep -qF -- "$1" printed || fail "says: $1"; }
+. "$(dirname "$0")/installation.sh"
+plates="home/library/Táblák/1 elsőbbség"
 place=(-c 'KVO 0,0 0,10 5,20' -c '@click 232' -c '@select 300 "1 elsőbbség"' -c '@select 301 "B-03 Főútvonal"' -c '@ok' -c '@show' -c '@ok' -c COUNT)
 
 # A plate that is gone when its post is placed again: told, shown by the placeholder under its own name.

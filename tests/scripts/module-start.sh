@@ -3,33 +3,13 @@
 # missing or odd one leads to. Each case has an installation and a user's folder of its own.
 set -uo pipefail
 console="$1"
-home="$(cd "$(dirname "$console")/../home" && pwd)"
-folder="$(mktemp -d)"
-trap 'rm -rf "$folder"' EXIT
-failed=0
-user="" # the per-user folder of the present case
-begin() { # NAME: a fresh installation and user
-  rm -rf "${folder:?}/$1"
-  mkdir -p "$folder/$1/home" "$folder/$1/data"
-  cp -r "$home/." "$folder/$1/home/"
-  export KORVANT_HOME="$folder/$1/home" KORVANT_LOCALAPPDATA="$folder/$1/data"
-  user="$folder/$1/data/Korvant 2018"
-  cd "$folder/$1" || exit 1
-}
-fail() { echo "FAILED: $*"; failed=1; }
-run() { # STATUS ARGS...
-  local status="$1"
-  shift
-  "$console" "$@" >printed 2>errors </dev/null
-  local actual=$?
-  [ "$actual" = "$status" ] || { fail "$* gave $actual instead of $status"; cat printed errors; }
-}
-says() { grep -qF -- "$1" printed || { fail "does not say: $1"; cat printed errors; }; }
+. "$(dirname "$0")/installation.sh"
+user="data/Korvant 2018" # the per-user folder of the present case
 
 # A first start looks for the defaults beside the settings and notes their path at once.
 begin first_start
 run 0 -c COUNT
-iconv -f CP1250 -t UTF-8 "$user/settings.ini" | tr '\\' / | grep -qF "DEFAULTS_INI_PATH=$user/defaults.ini" || fail "the path of the defaults is not noted"
+iconv -f CP1250 -t UTF-8 "$user/settings.ini" | tr '\\' / | grep -qF "DEFAULTS_INI_PATH=$PWD/$user/defaults.ini" || fail "the path of the defaults is not noted"
 
 # Without settings the module tells which file and is not loaded.
 begin no_settings
