@@ -136,16 +136,20 @@ void addPosts(GiDisplayListBuilder& builder, const AcDbDatabase& database) {
     }
 }
 
-void regeneratePosts(benchmark::State& state) {
-    AcDbDatabase& database = drawing();
-    for (auto _ : state) {
-        GiDisplayListBuilder builder;
-        addPosts(builder, database);
-        benchmark::DoNotOptimize(builder.list().primitives.size());
-    }
+void makePicture(AcDbDatabase& database) {
+    GiDisplayListBuilder builder;
+    addPosts(builder, database);
+    benchmark::DoNotOptimize(builder.list().primitives.size());
 }
 
-void switchScaleOfPosts(benchmark::State& state) {
+void regeneratePosts(benchmark::State& state) {
+    AcDbDatabase& database = drawing();
+    for (auto _ : state)
+        makePicture(database);
+}
+
+// The scale of the drawing changes in each round; then comes what the round is about besides.
+template <class Then> void switchScales(benchmark::State& state, const Then& then) {
     AcDbDatabase& database = drawing();
     AcDbAnnotationScale scale;
     scale.setPaperUnits(1.0);
@@ -155,28 +159,19 @@ void switchScaleOfPosts(benchmark::State& state) {
         to200 = !to200;
         database.startUndoRecord();
         switchScale(scale);
+        then(database);
     }
     scale.setDrawingUnits(0.5);
     switchScale(scale);
+}
+
+void switchScaleOfPosts(benchmark::State& state) {
+    switchScales(state, [](AcDbDatabase&) {});
 }
 
 // What a user waits for: the posts change, and the picture of the drawing is made anew.
 void changeScaleAndRegenerate(benchmark::State& state) {
-    AcDbDatabase& database = drawing();
-    AcDbAnnotationScale scale;
-    scale.setPaperUnits(1.0);
-    bool to200 = true;
-    for (auto _ : state) {
-        scale.setDrawingUnits(to200 ? 0.2 : 0.5);
-        to200 = !to200;
-        database.startUndoRecord();
-        switchScale(scale);
-        GiDisplayListBuilder builder;
-        addPosts(builder, database);
-        benchmark::DoNotOptimize(builder.list().primitives.size());
-    }
-    scale.setDrawingUnits(0.5);
-    switchScale(scale);
+    switchScales(state, makePicture);
 }
 
 // A change of scale and its undo: the drawing is as it was after each round.
