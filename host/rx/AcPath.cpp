@@ -61,6 +61,10 @@ std::wstring acHostPath(std::string_view fileSystemPath) {
     return path;
 }
 
+std::wstring acFileName(std::wstring_view hostPath) {
+    return std::wstring(hostPath.substr(hostPath.find_last_of(L"\\/") + 1)); // npos + 1 is 0
+}
+
 void acSyncFolderOf(const std::string& fileSystemPath) {
     const std::size_t slash = fileSystemPath.rfind('/');
     const std::string name = slash == std::string::npos ? "." : fileSystemPath.substr(0, slash + 1);

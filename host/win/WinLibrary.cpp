@@ -1,5 +1,6 @@
 #include "WinLibrary.h"
 
+#include "AcPath.h"
 #include "AcUtText.h"
 #include "WinFiles.h"
 
@@ -19,8 +20,7 @@ std::list<Library>& libraries() { // a list: handles point to its elements
 }
 
 std::wstring plainName(LPCWSTR fileName) {
-    std::wstring name = fileName == nullptr ? L"" : fileName;
-    name.erase(0, name.find_last_of(L"\\/") + 1);
+    std::wstring name = acFileName(fileName == nullptr ? L"" : fileName);
     for (wchar_t& c : name)
         c = acFoldCase(c);
     constexpr std::wstring_view ending = L".dll";

@@ -20,8 +20,7 @@ void listBlocks(AcDbDatabase& db) {
 }
 // The name without folder and ending.
 std::wstring baseName(const std::wstring& path) {
-    const std::size_t slash = path.find_last_of(L"\\/");
-    std::wstring name = slash == std::wstring::npos ? path : path.substr(slash + 1);
+    const std::wstring name = acFileName(path);
     const std::size_t dot = name.find_last_of(L'.');
     return dot == std::wstring::npos ? name : name.substr(0, dot);
 }

@@ -2,6 +2,7 @@
 #include "EdCommandKit.h"
 #include "EdHostCommands.h"
 
+#include "AcPath.h"
 #include "AcRxModule.h"
 #include "core/EdCommandRunner.h"
 
@@ -79,17 +80,14 @@ void loadModule(const std::wstring& path) {
     if (documents().current() != nullptr)
         acrxSendToModule(path, AcRx::kLoadDwgMsg);
 }
-std::wstring fileNameOf(const std::wstring& path) {
-    return path.substr(path.find_last_of(L"\\/") + 1); // npos + 1 is 0
-}
 // A module is named by its path or by its file name alone.
 void unloadModule(const std::wstring& name) {
     for (const std::wstring& path : acrxLoadedModules()) {
-        if (acutWcsicmp(path.c_str(), name.c_str()) != 0 && acutWcsicmp(fileNameOf(path).c_str(), name.c_str()) != 0)
+        if (acutWcsicmp(path.c_str(), name.c_str()) != 0 && acutWcsicmp(acFileName(path).c_str(), name.c_str()) != 0)
             continue;
         if (!acrxUnloadModule(path))
             return edFail(L"The application cannot be unloaded: " + name);
-        return edSay(L"Unloaded: " + fileNameOf(path));
+        return edSay(L"Unloaded: " + acFileName(path));
     }
     edFail(L"No such application is loaded: " + name);
 }
@@ -103,7 +101,7 @@ void edCmdArx() {
     const EdReply reply = EdPrompt(L"Enter an option [?/Load/Unload]: ", L"? Load Unload").keyword();
     if (reply.is(L"?")) {
         for (const std::wstring& path : acrxLoadedModules())
-            edSay(fileNameOf(path));
+            edSay(acFileName(path));
     } else if (reply.is(L"Load")) {
         edCmdAppLoad();
     } else if (reply.is(L"Unload")) {

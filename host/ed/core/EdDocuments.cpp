@@ -25,8 +25,7 @@ void EdDocument::setFile(const std::wstring& path) {
     mHasFile = true;
 }
 std::wstring EdDocument::title() const {
-    const std::size_t at = mName.find_last_of(L"\\/");
-    return at == std::wstring::npos ? mName : mName.substr(at + 1);
+    return acFileName(mName);
 }
 std::wstring EdDocument::folder() const {
     const std::size_t at = mName.find_last_of(L"\\/");

@@ -17,10 +17,6 @@ namespace {
 constexpr int kMostRefusals = 3; // as at every other prompt
 constexpr int kNameId = 1148; // the number that the system's own dialog gives its name field
 
-std::wstring baseName(const std::wstring& path) {
-    return path.substr(path.find_last_of(L"\\/") + 1); // npos + 1 is 0
-}
-
 bool isAbsolute(const std::wstring& path) {
     return !path.empty() && (path[0] == L'\\' || path[0] == L'/' || (path.size() > 1 && path[1] == L':'));
 }
@@ -40,7 +36,7 @@ bool isFile(const std::wstring& path) {
 std::wstring completed(std::wstring name, const std::wstring& folder, const std::wstring& extension) {
     if (!isAbsolute(name) && !folder.empty())
         name = folder + L"\\" + name;
-    if (!extension.empty() && baseName(name).find(L'.') == std::wstring::npos)
+    if (!extension.empty() && acFileName(name).find(L'.') == std::wstring::npos)
         name += L"." + extension;
     return fullPath(name);
 }
@@ -147,7 +143,7 @@ INT_PTR CFileDialog::DoModal() {
 }
 
 CString CFileDialog::GetFileName() const {
-    return baseName(mPath.text());
+    return acFileName(mPath.text());
 }
 
 CString CFileDialog::GetFileTitle() const {

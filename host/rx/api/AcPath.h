@@ -13,6 +13,8 @@
 std::string acFileSystemPath(std::wstring_view hostPath);
 // The host's spelling of a file-system path: slashes become backslashes.
 std::wstring acHostPath(std::string_view fileSystemPath);
+// The part of a host path behind its last slash of either kind; the whole where there is none.
+std::wstring acFileName(std::wstring_view hostPath);
 // Waits until the names in the folder of that file are on the disk: behind a rename, the file under
 // its new name. A folder that cannot be opened is left alone; only the name may then come late.
 void acSyncFolderOf(const std::string& fileSystemPath);

@@ -1,3 +1,4 @@
+#include "AcPath.h"
 #include "AcDbObjectId.h"
 #include "AcUtText.h"
 
@@ -65,4 +66,10 @@ TEST(Handle, reads_and_writes_hexadecimal) {
     EXPECT_TRUE(AcDbHandle(0x1AB).getIntoAsciiBuffer(buffer));
     EXPECT_STREQ(buffer, L"1AB");
     EXPECT_FALSE(AcDbHandle(0x1AB).getIntoAsciiBuffer(buffer, 3));
+}
+TEST(HostPath, the_file_name_stands_behind_the_last_slash_of_either_kind) {
+    EXPECT_EQ(acFileName(L"C:\\library\\post.dwg"), L"post.dwg");
+    EXPECT_EQ(acFileName(L"library\\signs/post.dwg"), L"post.dwg");
+    EXPECT_EQ(acFileName(L"post.dwg"), L"post.dwg");
+    EXPECT_EQ(acFileName(L"library\\"), L"");
 }
