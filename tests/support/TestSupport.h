@@ -7,3 +7,6 @@
 std::wstring testTempDir();
 // The same as a file-system path.
 std::string testTempPath();
+// The checkout that the tests were built from, and its build folder; file-system paths.
+const std::string& testSourceDir();
+const std::string& testBuildDir();

@@ -1,6 +1,8 @@
 // Finds the folder of foreign drawings and reads its index.
 #include "Drawings.h"
 
+#include "TestSupport.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -9,7 +11,7 @@
 
 std::string drawingsFolder() {
     const char* named = std::getenv("KORVANT_DRAWINGS");
-    const std::string folder = named != nullptr ? named : std::string(KORVANT_SOURCE_DIR) + "/../shared/drawings";
+    const std::string folder = named != nullptr ? named : testSourceDir() + "/../shared/drawings";
     return std::filesystem::exists(folder + "/INDEX.tsv") ? folder : std::string();
 }
 

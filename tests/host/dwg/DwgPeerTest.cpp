@@ -14,7 +14,7 @@
 #include <memory>
 
 namespace {
-const std::string kModules = std::string(KORVANT_SOURCE_DIR) + "/node_modules";
+const std::string kModules = testSourceDir() + "/node_modules";
 
 std::string modules() {
     const char* named = std::getenv("KORVANT_NODE_MODULES");
@@ -25,7 +25,7 @@ bool hasPeer() {
 }
 // The peer's lines, one a drawing.
 std::string peerSees(const std::string& paths) {
-    const std::string command = "node '" + std::string(KORVANT_SOURCE_DIR) + "/tests/host/dwg/peer.mjs' '" + modules() + "' " + paths + " 2>&1";
+    const std::string command = "node '" + testSourceDir() + "/tests/host/dwg/peer.mjs' '" + modules() + "' " + paths + " 2>&1";
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen(command.c_str(), "r"), ::pclose);
     std::string answer;
     std::array<char, 4096> buffer{};

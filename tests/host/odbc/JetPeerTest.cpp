@@ -128,7 +128,7 @@ TEST(JetPeer, mdb_export_reads_every_row_of_the_signs) {
 }
 
 TEST(JetPeer, mdb_reader_agrees_value_for_value) {
-    const std::string script = std::string(KORVANT_SOURCE_DIR) + "/tests/host/odbc/jet-peer.mjs";
+    const std::string script = testSourceDir() + "/tests/host/odbc/jet-peer.mjs";
     if (!hasProgram("node"))
         GTEST_SKIP() << "node is not installed";
     const std::string path = peerFile();
@@ -181,7 +181,7 @@ TEST(JetPeer, isql_reads_through_the_driver_of_mdbtools) {
 }
 
 TEST(JetPeer, mdbcheck_tells_clean_broken_and_foreign_files_apart) {
-    const std::string program = std::string(KORVANT_BINARY_DIR) + "/bin/mdbcheck ", path = peerFile();
+    const std::string program = testBuildDir() + "/bin/mdbcheck ", path = peerFile();
     int status = -1;
     EXPECT_EQ(runProgram(program + path, &status), "");
     EXPECT_EQ(status, 0);

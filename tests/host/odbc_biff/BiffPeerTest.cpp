@@ -16,7 +16,7 @@
 using odbc::ColumnKind;
 
 namespace {
-const std::string kHere = std::string(KORVANT_SOURCE_DIR) + "/tests/host/odbc_biff/";
+const std::string kHere = testSourceDir() + "/tests/host/odbc_biff/";
 const std::string kPython = "/usr/bin/python3 "; // Debian's, which has Debian's packages
 
 std::vector<std::string> linesOf(const std::string& command) {
@@ -36,7 +36,7 @@ std::vector<std::string> linesOf(const std::string& command) {
 bool runs(const std::string& command) { return std::system((command + " > /dev/null 2>&1").c_str()) == 0; }
 std::string modules() {
     const char* named = std::getenv("KORVANT_NODE_MODULES");
-    return named != nullptr ? named : std::string(KORVANT_SOURCE_DIR) + "/node_modules";
+    return named != nullptr ? named : testSourceDir() + "/node_modules";
 }
 
 // Through the library; dates come as text there and logical values as whole numbers, so tables of neither.

@@ -2,6 +2,7 @@
 #include "AppFixture.h"
 
 #include "AcDbBlockReference.h"
+#include "TestSupport.h"
 #include "TrfcBlockLoader.h"
 #include "WinFiles.h"
 
@@ -136,7 +137,7 @@ TEST_F(BlockLoader, without_a_placeholder_the_block_id_is_null) {
 
 TEST_F(BlockLoader, an_unreadable_file_gives_no_block_and_no_entry) {
     const std::wstring path = mFolder + L"/Oszlopok/text.dwg";
-    ASSERT_TRUE(CopyFileW(acFromUtf8(KORVANT_SOURCE_DIR "/CMakeLists.txt").c_str(), path.c_str(), FALSE));
+    ASSERT_TRUE(CopyFileW(acFromUtf8(testSourceDir() + "/CMakeLists.txt").c_str(), path.c_str(), FALSE));
     EXPECT_TRUE(loadBlockTemplate(mFolder, L"Oszlopok\\text.dwg").blockId.isNull());
     AcDbObjectPointer<AcDbDictionary> named(database().namedObjectsDictionaryId(), AcDb::kForRead);
     AcDbDictionary* templates = nullptr;

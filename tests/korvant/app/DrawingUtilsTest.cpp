@@ -7,6 +7,7 @@
 #include "AcEdCommandStack.h"
 #include "AcGiReceivers.h"
 #include "AfxDialogDriver.h"
+#include "TestSupport.h"
 
 #include <fstream>
 
@@ -180,7 +181,7 @@ TEST_F(DrawingUtils, a_line_type_in_the_table_touches_no_line_type_file) {
 }
 
 TEST_F(DrawingUtils, a_missing_line_type_is_loaded_from_the_file_of_the_drawings_measurement) {
-    acdbHostApplicationServices()->setSupportPath({acFromUtf8(KORVANT_SOURCE_DIR "/install/support")});
+    acdbHostApplicationServices()->setSupportPath({acFromUtf8(testSourceDir() + "/install/support")});
     AcDbObjectId id;
     EXPECT_EQ(linetypeId(L"DASHED", id), Acad::eOk);
     EXPECT_FALSE(id.isNull());

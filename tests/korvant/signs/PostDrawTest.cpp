@@ -1,6 +1,7 @@
 // The picture of a post and its explosion.
 #include "SignsFixture.h"
 
+#include "TestSupport.h"
 #include "TrfcDocSettings.h"
 
 namespace {
@@ -69,7 +70,7 @@ TEST_F(PostDraw, before_A_is_given_there_is_no_note) {
 }
 
 TEST_F(PostDraw, the_notes_line_type_is_loaded_where_the_drawing_lacks_it) {
-    acdbHostApplicationServices()->setSupportPath({acFromUtf8(KORVANT_SOURCE_DIR "/install/support")});
+    acdbHostApplicationServices()->setSupportPath({acFromUtf8(testSourceDir() + "/install/support")});
     auto post = newPost(0);
     post->postText().text = L"Tábla";
     TrfcDocSettings::setDocString(DOC_ANNO_LINE_TYPE, L"DASHED");

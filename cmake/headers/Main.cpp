@@ -1,0 +1,4 @@
+// A precompiled header needs a target, and an executable a main.
+int main() {
+    return 0;
+}
