@@ -1,10 +1,10 @@
 // The system registry, the dynamic linker and the loading of modules.
 #include "AcRxModule.h"
 
+#include "AcFault.h"
 #include "AcUtText.h"
 
 #include <algorithm>
-#include <exception>
 #include <map>
 #include <memory>
 #include <utility>
@@ -87,8 +87,8 @@ AcRxModuleLoadResult start(std::unique_ptr<Module> module) {
         if (send(m, AcRx::kInitAppMsg, nullptr) == AcRx::kRetOK)
             return {true, L""};
         reason = L"the module refused to start: " + m.path;
-    } catch (const std::exception& e) {
-        reason = L"the module failed to start: " + acFromUtf8(e.what());
+    } catch (...) {
+        reason = L"the module failed to start: " + acFaultText();
     }
     all.lastPath = earlier;
     AcRxModuleLoadResult result = refuse(m, reason);
