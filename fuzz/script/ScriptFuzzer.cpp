@@ -38,7 +38,8 @@ private:
 void prepare() {
     acSetPrintSink([](std::wstring_view) {});
     edRegisterHostCommands();
-    for (const wchar_t* const name : {L"OPEN", L"QSAVE", L"SAVEAS", L"PLOT", L"APPLOAD", L"INSERT"})
+    // These read and write files; the last two save what is changed.
+    for (const wchar_t* const name : {L"OPEN", L"QSAVE", L"SAVEAS", L"PLOT", L"APPLOAD", L"INSERT", L"CLOSE", L"QUIT"})
         acedRegCmds()->removeCmd(kEdHostGroup, name);
 }
 } // namespace

@@ -14,8 +14,9 @@ public:
     // The next line for a prompt (already shown on the command line). Nothing: the input has ended or
     // was broken off, which cancels what asks.
     virtual std::optional<std::wstring> nextLine(const std::wstring& prompt) = 0;
-    // The next line for an open dialog or message box: one that begins with "@". Nothing when the next
-    // line does not begin with it or there is none: the dialog is then cancelled and the line refused.
+    // The next line for an open dialog or message box: one that begins with "@". Nothing when there is none:
+    // the dialog is then cancelled. A script gives nothing either where its next line does not begin with
+    // it, and that line is refused.
     virtual std::optional<std::wstring> nextDialogLine() = 0;
     // Tells that a line could not be taken, with the reason; the run stops after the current command unwinds.
     virtual void refuse(const std::wstring& reason) = 0;
@@ -25,6 +26,9 @@ public:
     virtual bool splitsAtBlanks() const { return true; }
     // True where a cancel at the Command prompt is not the end of the input (a terminal, a window).
     virtual bool continuesAfterCancel() const { return false; }
+    // True where a person answers the windows: a line that a window cannot take is told and asked for again,
+    // any line is given, and nothing cancels the topmost window alone.
+    virtual bool asksWindowsAgain() const { return false; }
     // True when the user asked to break off (Ctrl-C) since the last call.
     virtual bool breakRequested() { return false; }
 };

@@ -18,14 +18,6 @@ std::wstring edWithEnding(const std::wstring& path, const std::wstring& ending) 
     const bool has = dot != std::wstring::npos && (slash == std::wstring::npos || dot > slash);
     return has ? path : path + ending;
 }
-void edSay(const std::wstring& line) {
-    edFreshLine();
-    acutPrintf(L"%s\n", line.c_str());
-}
-void edFail(const std::wstring& reason) {
-    edSay(reason);
-    EdInputStack::instance().refuse(reason);
-}
 std::wstring edHeadOf(const AcDbEntity& entity) {
     return edTypeName(entity) + L" " + entity.getAcDbHandle().text();
 }

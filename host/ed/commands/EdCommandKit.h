@@ -21,10 +21,6 @@
 std::optional<std::wstring> edAskPath(const std::wstring& prompt, const std::wstring& byDefault = L"");
 // The path with the ending added where it has none.
 std::wstring edWithEnding(const std::wstring& path, const std::wstring& ending);
-// A line on the command line.
-void edSay(const std::wstring& line);
-// Tells that the command cannot do what it was told; a script stops there.
-void edFail(const std::wstring& reason);
 // Type and handle, above what a listing says of an object.
 std::wstring edHeadOf(const AcDbEntity& entity);
 inline AcGePoint2d edPoint2d(const AcGePoint3d& p) { return {p.x, p.y}; }

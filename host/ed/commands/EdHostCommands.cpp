@@ -18,6 +18,7 @@ constexpr Row kRows[] = {
     {L"SAVEAS", edCmdSaveAs, kShows},
     {L"CLOSE", edCmdClose, kEdNoUndoGroup},
     {L"QUIT", edCmdQuit, kEdNoUndoGroup},
+    {L"SWITCHWINDOWS", edCmdSwitchWindows, kShows},
     {L"APPLOAD", edCmdAppLoad, kEdNoUndoGroup},
     {L"ARX", edCmdArx, kEdNoUndoGroup},
     {L"LINE", edCmdLine},

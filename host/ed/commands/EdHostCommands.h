@@ -8,6 +8,7 @@ void edCmdQSave();
 void edCmdSaveAs();
 void edCmdClose();
 void edCmdQuit();
+void edCmdSwitchWindows();
 void edCmdAppLoad();
 void edCmdArx();
 // drawing

@@ -11,6 +11,7 @@ constexpr const wchar_t* kAliases[][2] = {
     {L"PL", L"PLINE"},  {L"PO", L"POINT"},  {L"PRINT", L"PLOT"}, {L"RE", L"REGEN"},  {L"RO", L"ROTATE"},   {L"SC", L"SCALE"},
     {L"SAVE", L"SAVEAS"}, {L"SET", L"SETVAR"}, {L"SO", L"SOLID"}, {L"SPL", L"SPLINE"}, {L"ST", L"STYLE"},  {L"X", L"EXPLODE"},
     {L"Z", L"ZOOM"},    {L"EXIT", L"QUIT"}, {L"END", L"QUIT"},   {L"DDINSERT", L"INSERT"}, {L"COLOUR", L"COLOR"},
+    {L"SWITCH", L"SWITCHWINDOWS"}, {L"SW", L"SWITCHWINDOWS"},
 };
 } // namespace
 

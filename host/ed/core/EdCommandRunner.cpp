@@ -1,6 +1,8 @@
 #include "EdCommandRunner.h"
 
+#include "AcFault.h"
 #include "AcUtText.h"
+#include "DbOpenState.h"
 #include "EdAliases.h"
 #include "input/EdAnswerInput.h"
 #include "EdDocuments.h"
@@ -9,11 +11,35 @@
 #include "input/EdParse.h"
 #include "EdSysVars.h"
 
-#include <exception>
+#include <utility>
 
 namespace {
 constexpr const wchar_t* kCancelAt = L"@cancel-at";
+
+// Runs what may be a module's and may throw; empty where it did not, else what it threw in one line.
+template <class Call> std::wstring faultOf(const Call& call) {
+    try {
+        call();
+    } catch (...) {
+        return acFaultText();
+    }
+    return L"";
 }
+// A command that was broken off cannot close what it has opened, and an object that stays open is lost to
+// every command after it.
+void closeWhatIsOpen() {
+    for (EdDocument* const document : EdDocuments::instance().all())
+        dbCloseOpenObjects(*document->database());
+}
+// Answers are taken from another input while this lives.
+class InputInForce {
+public:
+    explicit InputInForce(EdInput& input) { EdInputStack::instance().push(&input); }
+    ~InputInForce() { EdInputStack::instance().pop(); }
+    InputInForce(const InputInForce&) = delete;
+    InputInForce& operator=(const InputInForce&) = delete;
+};
+} // namespace
 
 EdCommandRunner& EdCommandRunner::instance() {
     static EdCommandRunner theRunner;
@@ -27,11 +53,6 @@ void EdCommandRunner::reset() {
     EdInputStack::instance().setRefused(false);
     EdInputStack::instance().breakAt(0);
 }
-void EdCommandRunner::refuse(const std::wstring& reason) {
-    edFreshLine();
-    acutPrintf(L"%s\n", reason.c_str());
-    EdInputStack::instance().refuse(reason);
-}
 
 void EdCommandRunner::loop() {
     EdInputStack& stack = EdInputStack::instance();
@@ -41,13 +62,15 @@ void EdCommandRunner::loop() {
             return;
         edFreshLine();
         stack.setCancelled(false);
-        const auto line = stack.ask(L"Command: ", EdTake::kWord);
+        const auto line = stack.ask(kEdCommandPrompt, EdTake::kWord);
         if (!line) {
             if (edInput() == nullptr || !edInput()->continuesAfterCancel())
                 return;
             continue;
         }
-        runLine(*line);
+        const std::wstring fault = faultOf([&] { runLine(*line); });
+        if (!fault.empty())
+            edFail(L"\"" + *line + L"\" failed: " + fault);
     }
 }
 
@@ -59,7 +82,9 @@ void EdCommandRunner::runQueued() {
         if (!mExpressions.empty()) {
             const std::wstring expression = std::move(mExpressions.front());
             mExpressions.pop_front();
-            runForm(expression);
+            const std::wstring fault = faultOf([&] { runForm(expression); });
+            if (!fault.empty())
+                edFail(expression + L" failed: " + fault);
         } else if (!mTexts.empty()) {
             // Typed ahead: what the commands in it ask for beyond its end, the user answers.
             EdInputStack::instance().typeAhead(mTexts.front());
@@ -85,20 +110,20 @@ EdRunResult EdCommandRunner::runLine(const std::wstring& line) {
         return runForm(word);
     const EdRunResult result = runNamed(word);
     if (result == EdRunResult::kUnknown)
-        refuse(L"Unknown command \"" + word + L"\".");
+        edFail(L"Unknown command \"" + word + L"\".");
     return result;
 }
 
 EdRunResult EdCommandRunner::runDialogLine(const std::wstring& line) {
     const std::wstring reason = mDialogLines ? mDialogLines(line) : L"no dialog is open";
     if (!reason.empty())
-        refuse(L"\"" + line + L"\": " + reason);
+        edFail(L"\"" + line + L"\": " + reason);
     return reason.empty() ? EdRunResult::kEnded : EdRunResult::kFailed;
 }
 EdRunResult EdCommandRunner::runCancelAt(const std::wstring& line) {
     const auto count = edParseInt(edTrim(line.substr(std::wstring_view(kCancelAt).size())));
     if (!count || *count < 1) {
-        refuse(L"\"" + line + L"\": the form is @cancel-at N, with N from 1");
+        edFail(L"\"" + line + L"\": the form is @cancel-at N, with N from 1");
         return EdRunResult::kFailed;
     }
     EdInputStack::instance().breakAt(*count);
@@ -144,20 +169,17 @@ EdRunResult EdCommandRunner::runCommand(const AcEdCommand& command) {
     stack.setCancelled(false);
     ++mDepth;
     EdEditor::instance().fireWillStart(name);
-    std::wstring crash;
-    try {
-        function();
-    } catch (const AcDbOpenRuleBreach& breach) {
-        crash = acadErrorStatusText(breach.status);
-    } catch (const std::exception& e) {
-        crash = acFromUtf8(e.what());
-    }
+    const std::wstring fault = faultOf(function);
     --mDepth;
+    if (!fault.empty()) {
+        mFaulted = true;
+        edFail(L"The command " + name + L" failed: " + fault);
+    }
+    if (mDepth == 0 && std::exchange(mFaulted, false)) // what the commands around a nested one have open is theirs
+        closeWhatIsOpen();
     EdRunResult result = stack.cancelled() ? EdRunResult::kCancelled : EdRunResult::kEnded;
-    if (!crash.empty() || stack.refused()) {
+    if (stack.refused()) {
         result = EdRunResult::kFailed;
-        if (!crash.empty())
-            refuse(L"The command " + name + L" failed: " + crash);
         EdEditor::instance().fireFailed(name);
     } else if (result == EdRunResult::kCancelled) {
         EdEditor::instance().fireCancelled(name);
@@ -178,15 +200,15 @@ EdRunResult EdCommandRunner::runWith(const std::wstring& name, std::deque<std::w
     EdAnswerInput input(std::move(answers));
     const bool wasRefused = stack.refused();
     stack.setRefused(false);
-    stack.push(&input);
-    edFreshLine();
-    acutPrintf(L"%s\n", name.c_str());
-    EdRunResult result = runNamed(name);
-    stack.pop();
+    EdRunResult result = EdRunResult::kUnknown;
+    {
+        const InputInForce inForce(input);
+        edSay(name);
+        result = runNamed(name);
+    }
     stack.setRefused(wasRefused);
     if (result == EdRunResult::kUnknown) {
-        edFreshLine();
-        acutPrintf(L"Unknown command \"%s\".\n", name.c_str());
+        edSay(L"Unknown command \"" + name + L"\".");
     } else if (input.wasRefused()) {
         result = EdRunResult::kFailed;
     }
@@ -197,7 +219,7 @@ EdRunResult EdCommandRunner::runWith(const std::wstring& name, std::deque<std::w
 EdRunResult EdCommandRunner::runForm(const std::wstring& text) {
     const auto form = edParseForm(text);
     const auto failed = [&](const std::wstring& reason) {
-        refuse(L"\"" + text + L"\": " + reason);
+        edFail(L"\"" + text + L"\": " + reason);
         return EdRunResult::kFailed;
     };
     if (!form)

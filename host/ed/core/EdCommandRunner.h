@@ -17,6 +17,7 @@ enum class EdRunResult {
 
 // Flags of host commands beyond those of the API.
 enum EdCommandFlags { kEdKeepsPickFirst = 0x10000, kEdNoUndoGroup = 0x20000 };
+inline constexpr const wchar_t* kEdCommandPrompt = L"Command: ";
 inline constexpr const wchar_t* kEdHostGroup = L"HOST";
 
 class EdCommandRunner {
@@ -51,11 +52,11 @@ private:
     EdRunResult runForm(const std::wstring& text);
     EdRunResult runDialogLine(const std::wstring& line);
     EdRunResult runCancelAt(const std::wstring& line);
-    void refuse(const std::wstring& reason);
     std::deque<std::wstring> mExpressions, mTexts;
     std::function<std::wstring(const std::wstring&)> mDialogLines;
     int mDepth = 0;
     bool mQuit = false, mRunningQueued = false;
+    bool mFaulted = false; // since the outermost command began
 };
 
 // Registers the host's own commands, once.

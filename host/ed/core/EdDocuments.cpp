@@ -1,8 +1,10 @@
 #include "EdDocuments.h"
 
+#include "AcFault.h"
 #include "AcPath.h"
 #include "EdCommandRunner.h"
 #include "EdPreview.h"
+#include "input/EdInputStack.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -39,6 +41,42 @@ std::wstring fullPath(const std::wstring& path) {
     const std::filesystem::path full = std::filesystem::absolute(acFileSystemPath(path), error);
     return error ? path : acHostPath(full.lexically_normal().string());
 }
+// A module that fails at its message keeps nobody from opening, saving or closing a drawing.
+void sendToModules(AcRx::AppMsgCode code) {
+    edGuarded(L"A module", [code] { acrxSendToModules(code); });
+}
+// Custom entities look up the settings of the drawing that they are read from.
+Acad::ErrorStatus readFile(AcDbDatabase& database, const std::wstring& path, std::wstring& error) {
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    AcDbDatabase* const earlier = services->workingDatabase();
+    services->setWorkingDatabase(&database);
+    Acad::ErrorStatus es = Acad::eInvalidInput;
+    try {
+        es = database.readDwgFile(path.c_str());
+        error = database.lastError();
+    } catch (...) {
+        error = acFaultText();
+    }
+    if (es == Acad::eOk)
+        return es;
+    services->setWorkingDatabase(earlier); // the other one is about to go
+    if (error.empty())
+        error = acadErrorStatusText(es);
+    return es;
+}
+// A user's way to say that a file stays as it is; the user at work may be one whom the system stops nowhere.
+bool isWriteProtected(const std::wstring& path) {
+    using std::filesystem::perms;
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(acFileSystemPath(path), error);
+    constexpr perms kWrite = perms::owner_write | perms::group_write | perms::others_write;
+    return std::filesystem::exists(status) && (status.permissions() & kWrite) == perms::none;
+}
+// Whether both paths mean one file, by whatever names and links it is reached.
+bool isSameFile(const std::wstring& a, const std::wstring& b) {
+    std::error_code error;
+    return a == b || std::filesystem::equivalent(acFileSystemPath(a), acFileSystemPath(b), error);
+}
 } // namespace
 
 EdDocuments& EdDocuments::instance() {
@@ -68,6 +106,20 @@ Acad::ErrorStatus EdDocuments::sendStringToExecute(AcApDocument* document, const
     return Acad::eOk;
 }
 
+std::vector<EdDocument*> EdDocuments::all() const {
+    std::vector<EdDocument*> documents;
+    for (const auto& document : mDocuments)
+        documents.push_back(document.get());
+    return documents;
+}
+EdDocument* EdDocuments::ofFile(const std::wstring& typed) const {
+    const std::wstring path = fullPath(typed);
+    for (const auto& document : mDocuments)
+        if (document->hasFile() && isSameFile(document->fileName(), path))
+            return document.get();
+    return nullptr;
+}
+
 EdDocument& EdDocuments::createNew() {
     auto database = std::make_unique<AcDbDatabase>(true);
     return adopt(std::make_unique<EdDocument>(std::move(database), L"Drawing" + std::to_wstring(++mNewCount) + L".dwg", false));
@@ -75,46 +127,42 @@ EdDocument& EdDocuments::createNew() {
 EdDocument* EdDocuments::open(const std::wstring& typed, std::wstring& error) {
     const std::wstring path = fullPath(typed);
     auto database = std::make_unique<AcDbDatabase>(false);
-    // Custom entities look up the settings of the drawing that they are read from.
-    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
-    AcDbDatabase* const earlier = services->workingDatabase();
-    services->setWorkingDatabase(database.get());
-    const Acad::ErrorStatus es = database->readDwgFile(path.c_str());
-    if (es != Acad::eOk) {
-        services->setWorkingDatabase(earlier);
-        const std::wstring reason = database->lastError();
-        error = typed + L": " + (reason.empty() ? acadErrorStatusText(es) : reason);
+    std::wstring reason;
+    if (readFile(*database, path, reason) != Acad::eOk) {
+        error = typed + L": " + reason;
         return nullptr;
     }
     return &adopt(std::make_unique<EdDocument>(std::move(database), path, true));
 }
 
-// Reactors may leave or join while they are called.
-#define TELL_DOCUMENT_REACTORS(OPERATION, DOCUMENT)                                                                    \
-    for (AcApDocManagerReactor* const reactor : std::vector<AcApDocManagerReactor*>(mReactors))                        \
-        if (std::find(mReactors.begin(), mReactors.end(), reactor) != mReactors.end())                                 \
-    reactor->OPERATION(DOCUMENT)
-
+void EdDocuments::each(const std::function<void(AcApDocManagerReactor&)>& tell) {
+    // Reactors may leave or join while they are called.
+    for (AcApDocManagerReactor* const reactor : std::vector<AcApDocManagerReactor*>(mReactors))
+        if (std::find(mReactors.begin(), mReactors.end(), reactor) != mReactors.end())
+            edGuarded(L"A reactor of the drawings", [&] { tell(*reactor); });
+}
 EdDocument& EdDocuments::adopt(std::unique_ptr<EdDocument> document) {
     EdDocument& added = *document;
     mDocuments.push_back(std::move(document));
-    TELL_DOCUMENT_REACTORS(documentCreated, &added);
+    each([&](AcApDocManagerReactor& r) { r.documentCreated(&added); });
     activate(&added);
-    acrxSendToModules(AcRx::kLoadDwgMsg);
+    sendToModules(AcRx::kLoadDwgMsg);
     return added;
 }
 void EdDocuments::activate(EdDocument* document) {
-    TELL_DOCUMENT_REACTORS(documentToBeActivated, document);
+    if (document == mCurrent)
+        return;
+    each([&](AcApDocManagerReactor& r) { r.documentToBeActivated(document); });
     mCurrent = document;
     acdbHostApplicationServices()->setWorkingDatabase(document->database());
-    TELL_DOCUMENT_REACTORS(documentActivated, document);
+    each([&](AcApDocManagerReactor& r) { r.documentActivated(document); });
 }
 void EdDocuments::closeCurrent() {
     if (mCurrent == nullptr)
         return;
     EdDocument* const going = mCurrent;
-    acrxSendToModules(AcRx::kUnloadDwgMsg);
-    TELL_DOCUMENT_REACTORS(documentToBeDestroyed, going);
+    sendToModules(AcRx::kUnloadDwgMsg);
+    each([&](AcApDocManagerReactor& r) { r.documentToBeDestroyed(going); });
     mCurrent = nullptr;
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     std::erase_if(mDocuments, [going](const auto& d) { return d.get() == going; });
@@ -130,9 +178,13 @@ Acad::ErrorStatus EdDocuments::save(const std::wstring& typed, std::wstring& err
     const std::wstring path = fullPath(typed);
     if (mCurrent == nullptr)
         return Acad::eNoDatabase;
+    if (isWriteProtected(path)) {
+        error = path + L" cannot be saved: the file is write-protected.";
+        return Acad::eFileAccessErr;
+    }
     AcDbDatabase& db = *mCurrent->database();
     db.setThumbnailBitmap(edPreviewBitmap(db));
-    acrxSendToModules(AcRx::kSaveMsg);
+    sendToModules(AcRx::kSaveMsg);
     const Acad::ErrorStatus es = db.saveAs(path.c_str());
     if (es != Acad::eOk) {
         error = db.lastError();

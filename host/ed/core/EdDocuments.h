@@ -3,6 +3,7 @@
 
 #include "AcEdReactors.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,6 +43,10 @@ public:
     Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text, bool activate, bool wrapUp, bool echo) override;
 
     EdDocument* current() const { return mCurrent; }
+    std::vector<EdDocument*> all() const; // in the order they were opened
+    // The open drawing of that file; null when there is none.
+    EdDocument* ofFile(const std::wstring& path) const;
+    void activate(EdDocument* document);
     // A new drawing, made current; the modules hear of it.
     EdDocument& createNew();
     // Null where it cannot be opened, with the reason in one sentence. The current drawing stays.
@@ -55,7 +60,7 @@ public:
 
 private:
     EdDocument& adopt(std::unique_ptr<EdDocument> document);
-    void activate(EdDocument* document);
+    void each(const std::function<void(AcApDocManagerReactor&)>& tell);
     std::vector<std::unique_ptr<EdDocument>> mDocuments;
     std::vector<AcApDocManagerReactor*> mReactors;
     EdDocument* mCurrent = nullptr;

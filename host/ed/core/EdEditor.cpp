@@ -1,6 +1,7 @@
 #include "EdEditor.h"
 
 #include "AcRxModule.h"
+#include "input/EdInputStack.h"
 
 #include <algorithm>
 
@@ -41,7 +42,7 @@ void EdEditor::each(const std::function<void(AcEditorReactor&)>& tell) {
     // A copy: a reactor may leave while it is told.
     for (AcEditorReactor* const reactor : std::vector<AcEditorReactor*>(mReactors))
         if (std::find(mReactors.begin(), mReactors.end(), reactor) != mReactors.end())
-            tell(*reactor);
+            edGuarded(L"A reactor of the editor", [&] { tell(*reactor); });
 }
 void EdEditor::fireWillStart(const std::wstring& name) {
     each([&](AcEditorReactor& r) { r.commandWillStart(name.c_str()); });

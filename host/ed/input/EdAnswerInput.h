@@ -14,6 +14,7 @@ public:
     // A refused answer ends the nested command, not the run.
     void refuse(const std::wstring& reason) override;
     bool splitsAtBlanks() const override { return false; }
+    bool asksWindowsAgain() const override { return mOuter != nullptr && mOuter->asksWindowsAgain(); }
     bool breakRequested() override { return mOuter != nullptr && mOuter->breakRequested(); }
     bool wasRefused() const { return mRefused; }
 

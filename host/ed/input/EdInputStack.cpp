@@ -1,5 +1,6 @@
 #include "EdInputStack.h"
 
+#include "AcFault.h"
 #include "AcUtText.h"
 #include "EdParse.h"
 
@@ -16,6 +17,21 @@ void edPopInput() {
 void edFreshLine() {
     if (!acPrintAtLineStart())
         acutPrintf(L"\n");
+}
+void edSay(const std::wstring& line) {
+    edFreshLine();
+    acutPrintf(L"%s\n", line.c_str());
+}
+void edFail(const std::wstring& reason) {
+    edSay(reason);
+    EdInputStack::instance().refuse(reason);
+}
+void edGuarded(const wchar_t* who, const std::function<void()>& call) {
+    try {
+        call();
+    } catch (...) {
+        edFail(std::wstring(who) + L" failed: " + acFaultText());
+    }
 }
 
 EdInputStack& EdInputStack::instance() {

@@ -4,6 +4,7 @@
 #include "EdInput.h"
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -60,3 +61,9 @@ private:
 
 // Ends the line on the command line unless it has just begun.
 void edFreshLine();
+// A line on the command line.
+void edSay(const std::wstring& line);
+// Tells that what was asked for cannot be done; a script stops there.
+void edFail(const std::wstring& reason);
+// Calls what a module has left here to be called. What it throws is told in one line, and the caller goes on.
+void edGuarded(const wchar_t* who, const std::function<void()>& call);

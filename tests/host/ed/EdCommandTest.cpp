@@ -173,14 +173,6 @@ TEST(EdDocuments, data_of_a_document_goes_with_it) {
     EXPECT_EQ(data.size(), 1u);
     EXPECT_EQ(data.docData(), 5);
 }
-TEST(EdDocuments, a_changed_drawing_is_closed_only_when_its_changes_may_go) {
-    EdSession user;
-    user.type({L"NEW", L"POINT 1,1", L"CLOSE", L"No"});
-    EXPECT_STREQ(curDoc()->fileName(), L"Drawing2.dwg");
-    user.type({L"CLOSE", L"Yes"});
-    EXPECT_STREQ(curDoc()->fileName(), L"Drawing1.dwg");
-}
-
 // ---- the framework of a module
 class TestApp : public AcRxArxApp {
 public:
