@@ -19,6 +19,9 @@ public:
     // A line could not be applied, or the lines ended with a window open. The driver stops its
     // run; every open window is then cancelled.
     virtual void refuseDialogLine(const std::wstring& reason) = 0;
+    // True where a person answers: a line that cannot be applied is told and asked for again, and no
+    // line is Ctrl-C, which cancels the topmost window alone, as Escape does.
+    virtual bool asksAgain() const { return false; }
     // Answers a file dialog on the command line (FILEDIA 0). False: use a window. The path is
     // empty where the user gave up.
     virtual bool askFilePath(const std::wstring& prompt, std::wstring& path) {

@@ -1,6 +1,7 @@
 #include "core/AfxDispatch.h"
 
 #include "core/AfxEventFilter.h"
+#include "core/AfxFault.h"
 #include "core/AfxWindow.h"
 
 #include <QCoreApplication>
@@ -19,7 +20,7 @@ bool AfxDispatch::handle(CWnd& wnd, AfxMessage& message) {
     const AFX_MSGMAP_ENTRY* entry = find(wnd.GetMessageMap(), message);
     if (entry == nullptr)
         return false;
-    entry->handler(&wnd, message);
+    afxGuarded([&] { entry->handler(&wnd, message); });
     return true;
 }
 
@@ -27,6 +28,24 @@ bool AfxDispatch::handles(const CWnd& wnd, UINT message) {
     AfxMessage wanted;
     wanted.message = message;
     return find(wnd.GetMessageMap(), wanted) != nullptr;
+}
+
+BOOL AfxDispatch::onCommand(CWnd& wnd, WPARAM wParam, LPARAM lParam) {
+    BOOL taken = TRUE; // by a handler that threw
+    afxGuarded([&] { taken = wnd.OnCommand(wParam, lParam); });
+    return taken;
+}
+
+BOOL AfxDispatch::onNotify(CWnd& wnd, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    BOOL taken = TRUE;
+    afxGuarded([&] { taken = wnd.OnNotify(wParam, lParam, result); });
+    return taken;
+}
+
+BOOL AfxDispatch::translate(CWnd& wnd, MSG* message) {
+    BOOL taken = TRUE;
+    afxGuarded([&] { taken = wnd.PreTranslateMessage(message); });
+    return taken;
 }
 
 void AfxDispatch::command(CWnd& control, UINT code) {
@@ -37,7 +56,7 @@ void AfxDispatch::command(CWnd& control, UINT code) {
     const UINT id = static_cast<UINT>(control.GetDlgCtrlID());
     const LPARAM window = reinterpret_cast<LPARAM>(control.GetSafeHwnd());
     if (!handle(control, reflected) && parent != nullptr)
-        parent->OnCommand(MAKEWPARAM(id, code), window);
+        onCommand(*parent, MAKEWPARAM(id, code), window);
 }
 
 LRESULT AfxDispatch::notify(CWnd& control, NMHDR& header, UINT code) {
@@ -53,7 +72,7 @@ LRESULT AfxDispatch::notify(CWnd& control, NMHDR& header, UINT code) {
         return reflected.result;
     LRESULT result = 0;
     if (parent != nullptr)
-        parent->OnNotify(header.idFrom, reinterpret_cast<LPARAM>(&header), &result);
+        onNotify(*parent, header.idFrom, reinterpret_cast<LPARAM>(&header), &result);
     return result;
 }
 
@@ -66,5 +85,5 @@ void AfxDispatch::close(CWnd& wnd) {
     AfxMessage message;
     message.message = WM_CLOSE;
     if (!handle(wnd, message))
-        wnd.OnClose();
+        afxGuarded([&] { wnd.OnClose(); });
 }

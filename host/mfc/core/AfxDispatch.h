@@ -15,8 +15,9 @@ struct AfxDispatch {
     static void command(CWnd& control, UINT code);
     // A control's WM_NOTIFY, likewise; fills in the header's window and id.
     static LRESULT notify(CWnd& control, NMHDR& header, UINT code);
-    static BOOL onCommand(CWnd& wnd, WPARAM wParam, LPARAM lParam) { return wnd.OnCommand(wParam, lParam); }
-    static BOOL onNotify(CWnd& wnd, WPARAM wParam, LPARAM lParam, LRESULT* result) { return wnd.OnNotify(wParam, lParam, result); }
+    static BOOL onCommand(CWnd& wnd, WPARAM wParam, LPARAM lParam);
+    static BOOL onNotify(CWnd& wnd, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    static BOOL translate(CWnd& wnd, MSG* message); // PreTranslateMessage
     static void exchange(CWnd& wnd, CDataExchange& data) { wnd.DoDataExchange(&data); }
     static void postNcDestroy(CWnd& wnd) { wnd.PostNcDestroy(); }
     static std::unique_ptr<AfxWindow>& slot(CWnd& wnd) { return wnd.mWindow; }

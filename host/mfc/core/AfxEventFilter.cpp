@@ -91,7 +91,7 @@ bool AfxEventFilter::key(AfxWindow& window, QObject* watched, QKeyEvent* event) 
         return false;
     MSG msg{window.owner, WM_KEYDOWN, afxVirtualKey(event->key()), 0};
     for (CWnd* at = window.owner; at != nullptr; at = at->GetParent()) {
-        if (at->PreTranslateMessage(&msg) || afxFind(watched) == nullptr)
+        if (AfxDispatch::translate(*at, &msg) || afxFind(watched) == nullptr)
             return true;
     }
     AfxMessage down;

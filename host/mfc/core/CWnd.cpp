@@ -6,6 +6,7 @@
 #include "CFont.h"
 #include "controls/AfxControlText.h"
 #include "core/AfxDispatch.h"
+#include "core/AfxFault.h"
 #include "core/AfxWindow.h"
 #include "core/QtText.h"
 
@@ -292,7 +293,7 @@ BOOL CWnd::PostMessage(UINT what, WPARAM wParam, LPARAM lParam) {
     // The message dies with the window; bound to another wrapper meanwhile, it goes to that one.
     QTimer::singleShot(0, widget, [widget, what, wParam, lParam] {
         if (AfxWindow* window = afxFind(widget))
-            window->owner->SendMessage(what, wParam, lParam);
+            afxGuarded([&] { window->owner->SendMessage(what, wParam, lParam); });
     });
     return TRUE;
 }

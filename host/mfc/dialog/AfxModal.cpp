@@ -1,6 +1,8 @@
 #include "dialog/AfxModal.h"
 
+#include "AcFault.h"
 #include "AcUtText.h"
+#include "core/AfxFault.h"
 #include "core/AfxWindow.h"
 #include "core/QtText.h"
 #include "driver/AfxDriverState.h"
@@ -21,7 +23,7 @@ std::vector<CDialog*>& modeless() {
 bool gIsAborting = false; // a line was refused: every open window is cancelled on the way out
 
 void cancel(AfxModalRun& run) {
-    AfxDialogRun::cancel(*run.dialog);
+    afxGuarded([&] { AfxDialogRun::cancel(*run.dialog); });
     if (!run.hasEnded) // the dialog's own cancel did not end it
         run.dialog->EndDialog(IDCANCEL);
 }
@@ -37,6 +39,30 @@ void abortAll(AfxDialogDriver& driver, const std::wstring& reason) {
     driver.refuseDialogLine(reason);
 }
 
+std::wstring lineNeeded(const AfxModalRun& run) {
+    return L"the window \"" + captionOf(*run.dialog) + L"\" is open; a line that begins with @ is needed";
+}
+
+void takeLine(AfxModalRun& run, AfxDialogDriver& driver) {
+    std::wstring line;
+    if (!driver.nextDialogLine(line)) {
+        if (driver.asksAgain())
+            afxGuarded([&] { AfxDialogRun::cancel(*run.dialog); });
+        else
+            abortAll(driver, lineNeeded(run));
+        return;
+    }
+    const bool isOurs = !line.empty() && line.front() == L'@';
+    const std::wstring reason =
+        isOurs ? AfxApplyDialogLine(line) : (line.empty() ? L"" : L"\"" + line + L"\": ") + lineNeeded(run);
+    if (reason.empty())
+        return;
+    if (driver.asksAgain())
+        acutPrintf(L"%s\n", reason.c_str());
+    else
+        abortAll(driver, reason);
+}
+
 void takeLines(AfxModalRun& run, AfxDialogDriver& driver) {
     while (!run.hasEnded) {
         afxSettle();
@@ -44,14 +70,7 @@ void takeLines(AfxModalRun& run, AfxDialogDriver& driver) {
             return;
         if (gIsAborting)
             return cancel(run);
-        std::wstring line;
-        if (!driver.nextDialogLine(line)) {
-            abortAll(driver, L"the window \"" + captionOf(*run.dialog) + L"\" is open; a line that begins with @ is needed");
-            continue;
-        }
-        const std::wstring reason = AfxApplyDialogLine(line);
-        if (!reason.empty())
-            abortAll(driver, reason);
+        takeLine(run, driver);
     }
 }
 
@@ -79,6 +98,20 @@ void afxRunModal(AfxModalRun& run) {
     std::erase(runs(), &run);
     if (runs().empty())
         gIsAborting = false;
+}
+
+void afxTellFault() {
+    const std::wstring fault = acFaultText();
+    const CDialog* const top = afxTopDialog();
+    const std::wstring reason =
+        (top == nullptr ? L"A window" : L"The window \"" + captionOf(*top) + L"\"") + L" failed: " + fault;
+    AfxDialogDriver* const driver = afxDriver();
+    if (driver == nullptr || driver->asksAgain())
+        acutPrintf(L"%s\n", reason.c_str());
+    else if (runs().empty())
+        driver->refuseDialogLine(reason);
+    else
+        abortAll(*driver, reason);
 }
 
 CDialog* afxTopModal() {

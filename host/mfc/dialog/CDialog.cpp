@@ -89,12 +89,17 @@ INT_PTR AfxDialogRun::run(CDialog& dialog, const RcDialog& source, CWnd* parent)
     AfxModalRun run;
     run.dialog = &dialog;
     dialog.mState->run = &run;
+    struct Ending { // OnInitDialog may throw past the run
+        CDialog& dialog;
+        ~Ending() {
+            dialog.mState->run = nullptr;
+            if (dialog.IsWindow())
+                afxDestroy(dialog, true);
+        }
+    } const ending{dialog};
     begin(dialog);
     if (!run.hasEnded)
         afxRunModal(run);
-    dialog.mState->run = nullptr;
-    if (dialog.IsWindow())
-        afxDestroy(dialog, true);
     return run.result;
 }
 

@@ -37,6 +37,7 @@ public:
         return true;
     }
     void refuseDialogLine(const std::wstring& reason) override { refusals.push_back(reason); }
+    bool asksAgain() const override { return isPerson; }
     bool askFilePath(const std::wstring& prompt, std::wstring& path) override {
         if (!asksForPaths)
             return false;
@@ -54,6 +55,7 @@ public:
     std::vector<std::wstring> refusals, prompts;
     std::deque<std::wstring> paths;
     bool asksForPaths = false;
+    bool isPerson = false; // lines that cannot be taken are asked for again, and no line is Ctrl-C
     std::wstring printed;
 
 private:
