@@ -1,32 +1,20 @@
 #include "ScriptInput.h"
 
 #include "AcUtText.h"
+#include "ConsoleBreak.h"
 
-#include <csignal>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
 
-namespace {
-volatile std::sig_atomic_t gBreak = 0;
+#include <unistd.h>
 
-extern "C" void onInterrupt(int) {
-    gBreak = 1;
-}
+namespace {
 bool isComment(const std::wstring& line) {
     const std::size_t at = line.find_first_not_of(L" \t");
     return at != std::wstring::npos && line[at] == L';';
 }
 } // namespace
-
-void consoleCatchBreak() {
-    std::signal(SIGINT, onInterrupt);
-}
-bool consoleTakeBreak() {
-    const bool asked = gBreak != 0;
-    gBreak = 0;
-    return asked;
-}
 
 ScriptInput::ScriptInput(std::vector<ConsoleSource> sources) : mSources(std::move(sources)) {}
 
@@ -63,6 +51,8 @@ bool ScriptInput::openNext() {
 const std::wstring* ScriptInput::peek() {
     while (!mPeeked) {
         std::string bytes;
+        if (mStream == &std::cin && isatty(STDIN_FILENO) != 0 && !consoleWaitForInput())
+            return nullptr;
         if (mStream != nullptr && std::getline(*mStream, bytes)) {
             ++mLine;
             if (mLine == 1 && bytes.rfind("\xEF\xBB\xBF", 0) == 0)
@@ -80,7 +70,7 @@ const std::wstring* ScriptInput::peek() {
     return &*mPeeked;
 }
 std::optional<std::wstring> ScriptInput::nextLine(const std::wstring&) {
-    if (mRefused || gBreak != 0 || peek() == nullptr) {
+    if (mRefused || consoleBreakPending() || peek() == nullptr) {
         mEnded = true;
         return std::nullopt;
     }
@@ -90,7 +80,7 @@ std::optional<std::wstring> ScriptInput::nextLine(const std::wstring&) {
     return line;
 }
 std::optional<std::wstring> ScriptInput::nextDialogLine() {
-    if (mRefused || gBreak != 0)
+    if (mRefused || consoleBreakPending())
         return std::nullopt;
     const std::wstring* const next = peek();
     if (next == nullptr || next->find_first_not_of(L" \t") == std::wstring::npos || (*next)[next->find_first_not_of(L" \t")] != L'@')
@@ -112,5 +102,5 @@ void ScriptInput::refuse(const std::wstring& reason) {
         std::fprintf(stderr, "%s, line %d: %s\n", mName.c_str(), mLine, acToUtf8(reason).c_str());
 }
 bool ScriptInput::breakRequested() {
-    return gBreak != 0;
+    return consoleBreakPending();
 }

@@ -36,7 +36,3 @@ private:
     std::optional<std::wstring> mPeeked;
     bool mRefused = false, mEnded = false;
 };
-
-// Ctrl-C sets the flag that breakRequested reads; consoleTakeBreak tells and clears it.
-void consoleCatchBreak();
-bool consoleTakeBreak();

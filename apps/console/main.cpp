@@ -3,6 +3,7 @@
 #include "AcPath.h"
 #include "AcRxModule.h"
 #include "AcUtText.h"
+#include "ConsoleBreak.h"
 #include "ConsoleOptions.h"
 #include "DwgCodec.h"
 #include "ScriptInput.h"
@@ -77,12 +78,24 @@ void runScript(EdCommandRunner& runner) {
     runner.loop();
     runner.runQueued();
 }
-// At a terminal a refused line ends its command, not the run.
+// At a terminal a refused line ends its command, not the run, and Ctrl-D is QUIT.
 void runTerminal(EdCommandRunner& runner, TerminalInput& input) {
-    do {
+    for (;;) {
         EdInputStack::instance().setRefused(false);
         runner.loop();
-    } while (!runner.quitRequested() && input.continuesAfterCancel());
+        if (runner.quitRequested())
+            return;
+        if (input.wantsToLeave()) {
+            input.goOn();
+            EdInputStack::instance().setRefused(false);
+            edSay(L"QUIT");
+            runner.runNamed(L".QUIT");
+            if (runner.quitRequested())
+                return;
+        }
+        if (!input.continuesAfterCancel())
+            return;
+    }
 }
 int run(const ConsoleOptions& options) {
     const bool isScript = !options.sources.empty();

@@ -43,5 +43,5 @@ piped() { # PATTERN LINES ARGS...: the lines go to standard input
   grep -q -- "$pattern" printed || { echo "FAILED: $* does not say: $pattern"; cat printed; failed=1; }
 }
 piped '1  POINT' 'POINT 5,5\nCOUNT\n' --no-module -s -
-piped '1  POINT' 'POINT 5,5\nNOSUCH\nCOUNT\nQUIT\nY\n' --no-module # typed lines go on after a refused one
+piped '1  POINT' 'POINT 5,5\nNOSUCH\nCOUNT\nQUIT\nN\n' --no-module # typed lines go on after a refused one
 exit $failed

@@ -1,6 +1,8 @@
 // The user that scripts play, and Ctrl-C.
 #include "ScriptInput.h"
 
+#include "ConsoleBreak.h"
+
 #include "AcEdAds.h"
 #include "AcUtText.h"
 
