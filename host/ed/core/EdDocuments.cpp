@@ -75,13 +75,8 @@ EdDocument& EdDocuments::createNew() {
 EdDocument* EdDocuments::open(const std::wstring& typed, std::wstring& error) {
     const std::wstring path = fullPath(typed);
     auto database = std::make_unique<AcDbDatabase>(false);
-    // Custom entities look up the settings of the drawing that they are read from.
-    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
-    AcDbDatabase* const earlier = services->workingDatabase();
-    services->setWorkingDatabase(database.get());
-    const Acad::ErrorStatus es = database->readDwgFile(path.c_str());
+    const Acad::ErrorStatus es = edReadDrawing(*database, path);
     if (es != Acad::eOk) {
-        services->setWorkingDatabase(earlier);
         const std::wstring reason = database->lastError();
         error = typed + L": " + (reason.empty() ? acadErrorStatusText(es) : reason);
         return nullptr;
@@ -145,6 +140,14 @@ Acad::ErrorStatus EdDocuments::save(const std::wstring& typed, std::wstring& err
     return Acad::eOk;
 }
 
+Acad::ErrorStatus edReadDrawing(AcDbDatabase& database, const std::wstring& path) {
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    AcDbDatabase* const earlier = services->workingDatabase();
+    services->setWorkingDatabase(&database);
+    const Acad::ErrorStatus es = database.readDwgFile(path.c_str());
+    services->setWorkingDatabase(earlier);
+    return es;
+}
 Acad::ErrorStatus edAppend(AcDbDatabase& database, AcDbEntity* entity, AcDbObjectId& id) {
     AcDbObjectPointer<AcDbBlockTableRecord> space(database.currentSpaceId(), AcDb::kForWrite);
     if (!space)
