@@ -1,5 +1,6 @@
 // korvant-console: opens a drawing, loads the module and runs lines.
 #include "AfxDialogDriver.h"
+#include "AfxUserVariables.h"
 #include "AcPath.h"
 #include "AcRxModule.h"
 #include "AcUtText.h"
@@ -106,6 +107,7 @@ int run(const ConsoleOptions& options) {
     EdInput* const input = isScript ? static_cast<EdInput*>(&script) : &terminal;
     edPushInput(input); // the start of the module may ask already
     edRegisterHostCommands();
+    AfxKeepUserVariables();
     EdCommandRunner& runner = EdCommandRunner::instance();
     runner.setDialogLineHandler(takeDialogLine);
     int status = kDone;

@@ -292,9 +292,13 @@ void DbCloner::finishHandles(AcDbObject& to) const {
 
 Acad::ErrorStatus DbCloner::finish(AcDbIdMapping* mapping) {
     Acad::ErrorStatus es = Acad::eOk;
-    for (const auto& item : mItems)
-        if (const Acad::ErrorStatus one = read(*item); one != Acad::eOk && es == Acad::eOk)
-            es = one;
+    // An object of a module's class may look at what it points to while it reads itself (a plate at the definitions
+    // of its texts, say), so what it points to has to stand by then.
+    for (const bool ofModules : {false, true})
+        for (const auto& item : mItems)
+            if ((item->from.stub()->object->isA()->appName() != nullptr) == ofModules)
+                if (const Acad::ErrorStatus one = read(*item); one != Acad::eOk && es == Acad::eOk)
+                    es = one;
     for (const auto& item : mItems)
         if (mapping != nullptr)
             mapping->assign({item->from, item->to, item->primary});

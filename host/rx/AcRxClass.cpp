@@ -79,15 +79,24 @@ void AcRxClass::getClassVersion(int& dwgVersion, int& maintenanceVersion) const 
 
 AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, int dwgVersion, int maintenanceVersion, int proxyFlags,
                         AcRxConstructor constructor, const ACHAR* dxfName, const ACHAR* appName, const ACHAR* parentName) {
-    if (AcRxClass* const known = acrxFindClass(name))
+    if (AcRxClass* const known = acrxFindClass(name)) {
+        // A module that left its class behind comes back: what it derives from may be a class of its own that
+        // went and came again. A host class names no parent and stays as it is.
+        if (parentName != nullptr) {
+            known->mImpl->parent = acrxFindClass(parentName);
+            known->mImpl->parentName = parentName;
+        }
         return known;
+    }
     auto impl = std::make_unique<AcRxClass::Impl>();
     impl->name = name;
     impl->hasDxfName = dxfName != nullptr;
     impl->dxfName = dxfName != nullptr ? dxfName : L"";
     impl->hasAppName = appName != nullptr;
     impl->appName = appName != nullptr ? appName : L"";
-    impl->parent = parent;
+    // The pointer that a module holds may be of its earlier life: the name is what tells the parent, and one that
+    // is not registered yet is found when the tree is completed.
+    impl->parent = parentName != nullptr ? acrxFindClass(parentName) : parent;
     impl->parentName = parentName != nullptr ? parentName : L"";
     impl->dwgVersion = dwgVersion;
     impl->maintenanceVersion = maintenanceVersion;

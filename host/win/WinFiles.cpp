@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -198,6 +199,12 @@ DWORD GetTempPathW(DWORD size, LPWSTR buffer) {
 
 DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer) {
     return giveText(currentFolder(), size, buffer);
+}
+
+std::wstring winRealPath(LPCWSTR path) {
+    const std::string file = winFileSystemPath(path);
+    const std::unique_ptr<char, void (*)(void*)> real(realpath(file.c_str(), nullptr), std::free);
+    return succeed(file, real != nullptr ? 0 : -1) ? acHostPath(real.get()) : std::wstring();
 }
 
 bool winFileStatus(LPCWSTR path, WinFileStatus& status) {

@@ -43,11 +43,14 @@ bool matches(const std::wstring& name, const std::wstring& mask) {
 }
 
 bool describe(const std::string& folder, const std::string& name, WIN32_FIND_DATAW& data) {
-    struct stat status = {};
+    struct stat status = {}, entry = {};
     const std::wstring wide = acFromUtf8(name);
-    if (wide.size() >= MAX_PATH || stat((folder + "/" + name).c_str(), &status) != 0)
+    const std::string path = folder + "/" + name;
+    if (wide.size() >= MAX_PATH || stat(path.c_str(), &status) != 0 || lstat(path.c_str(), &entry) != 0)
         return false;
     data.dwFileAttributes = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
+    if (S_ISDIR(status.st_mode) && S_ISLNK(entry.st_mode))
+        data.dwFileAttributes |= FILE_ATTRIBUTE_REPARSE_POINT;
     data.fileSize = static_cast<std::uint64_t>(status.st_size);
     data.lastWriteTime = status.st_mtime;
     wide.copy(data.cFileName, wide.size());

@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <cwchar>
+#include <filesystem>
 #include <sys/stat.h>
 
 namespace {
@@ -26,19 +27,24 @@ const char* environment(const char* name) {
     return value != nullptr && *value != 0 ? value : nullptr;
 }
 
+bool isFolder(const std::string& path) {
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+// A user without a folder of his own often has a home that does not exist, or the root folder.
+bool isHome(const std::string& path) {
+    return isFolder(path) && path.find_first_not_of('/') != std::string::npos;
+}
+
 std::string localAppDataFolder() {
     if (const char* folder = environment("KORVANT_LOCALAPPDATA"))
         return folder;
     if (const char* folder = environment("XDG_DATA_HOME"))
         return folder;
-    if (const char* home = environment("HOME"))
+    if (const char* home = environment("HOME"); home != nullptr && isHome(home))
         return std::string(home) + "/.local/share";
     return {};
-}
-
-bool isFolder(const std::string& path) {
-    struct stat status = {};
-    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 bool isFile(const std::string& path) {
@@ -69,15 +75,19 @@ HRESULT SHGetFolderPathW(HWND, int folderId, HANDLE, DWORD, LPWSTR path) {
     if ((folderId & 0xFF) != CSIDL_LOCAL_APPDATA)
         return E_FAIL;
     std::string folder = localAppDataFolder();
-    while (folder.size() > 1 && folder.back() == '/')
+    while (!folder.empty() && folder.back() == '/')
         folder.pop_back();
     if (folder.empty())
-        return E_FAIL;
+        return HRESULT_FROM_WIN32(ERROR_ENVVAR_NOT_FOUND);
+    std::error_code error;
+    folder = std::filesystem::absolute(folder, error).string(); // the current folder may change
+    const std::wstring text = acHostPath(folder);
+    if (text.size() >= MAX_PATH)
+        return HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE);
     if (!isFolder(folder))
         makeFolders(folder);
-    const std::wstring text = acHostPath(folder);
-    if (!isFolder(folder) || text.size() >= MAX_PATH)
-        return E_FAIL;
+    if (!isFolder(acFileSystemPath(text))) // also one that a host path cannot name
+        return HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND);
     wmemcpy(path, text.c_str(), text.size() + 1);
     return S_OK;
 }

@@ -2,6 +2,7 @@
 #include "TrfcAppSettings.h"
 
 #include "AcUtText.h"
+#include "TrfcIniText.h"
 #include "TrfcUserFolder.h"
 #include "WinFiles.h"
 #include "WinTextFile.h"
@@ -9,6 +10,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -26,6 +28,8 @@ using Table = std::map<std::wstring, std::wstring, KeyLess>;
 struct Store {
     Table app;
     Table defaults;
+    // Of the library keys whose folder was gone at the start: that folder, and the one that stands for it.
+    std::map<std::wstring, std::pair<std::wstring, std::wstring>, KeyLess> substitutes;
     std::wstring moduleDirectory;
 };
 Store& store() {
@@ -69,7 +73,7 @@ void takeLine(const std::wstring& line, Table& table) {
         return;
     const std::size_t equals = text.find(L'=');
     if (equals != std::wstring::npos && equals > 0)
-        table[text.substr(0, equals)] = text.substr(equals + 1);
+        table[text.substr(0, equals)] = fromIniText(text.substr(equals + 1));
 }
 
 bool readTable(const std::wstring& path, Table& table) {
@@ -193,6 +197,14 @@ constexpr FileRow kDefaultsRows[] = {
     row(DOC_CROSSWALK_DEFAULT_TYPE),
 };
 
+// A path so full of foreign letters that its line would be read in pieces is left out: the key then reads as not
+// set, which every reader has a rule for, where a piece of a path would be a path to nowhere.
+std::wstring lineOf(const FileRow& item, const std::wstring& value) {
+    const std::wstring text = toIniText(value);
+    const bool isTooLong = text != value && std::wcslen(item.key) + 1 + text.size() > kLineBuffer - 2;
+    return std::wstring(item.key) + L"=" + (isTooLong ? std::wstring() : text) + L"\n";
+}
+
 template <std::size_t N> bool writeTable(const std::wstring& path, Table& table, const FileRow (&rows)[N]) {
     WinTextFile file;
     if (!file.open(path.c_str(), L"w"))
@@ -203,7 +215,7 @@ template <std::size_t N> bool writeTable(const std::wstring& path, Table& table,
         if (item.section != nullptr)
             file.printf(L"\n[%s]\n", item.section);
         else
-            file.printf(L"%s=%s\n", item.key, valueOf(table, item.valueKey).c_str());
+            file.puts(lineOf(item, valueOf(table, item.valueKey)));
     }
     return file.close();
 }
@@ -222,7 +234,12 @@ void TrfcAppSettings::setModuleDirectory(const std::wstring& modulePath) {
 }
 
 std::wstring TrfcAppSettings::settingsFilePath() {
-    return prepareUserFolder(moduleDirectory() + L"bin\\") + L"settings.ini";
+    const std::wstring folder = prepareUserFolder(installationFolder());
+    return folder.empty() ? folder : folder + L"settings.ini";
+}
+
+std::wstring TrfcAppSettings::installationFolder() {
+    return moduleDirectory() + L"bin\\";
 }
 
 std::wstring TrfcAppSettings::perUserFolder() {
@@ -231,6 +248,7 @@ std::wstring TrfcAppSettings::perUserFolder() {
 
 bool TrfcAppSettings::loadAppSettings(const std::wstring& path) {
     Table& table = store().app;
+    store().substitutes.clear();
     if (!readTable(path, table))
         return false;
     migrate(table, kAppMigrations);
@@ -262,6 +280,52 @@ const std::wstring& TrfcAppSettings::getAppString(const ACHAR* key) {
 
 Adesk::Int32 TrfcAppSettings::getAppInt(const ACHAR* key) {
     return acWtoi(getAppString(key).c_str());
+}
+
+// ---- libraries ----------------------------------------------------------------------------
+
+namespace {
+constexpr const ACHAR* kLibraryKeys[] = {
+    APP_SYMBOL_BASE_PATH, APP_POSTS_BASE_PATH, APP_TABLES_BASE_PATH, APP_LAMPS_BASE_PATH, APP_BLOCK_BASE_PATH, APP_TEMP_DIR_PATH,
+};
+
+bool isFolder(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// The running installation's folder for the key: the one its own settings name, or, where the installation has been
+// moved since, the folder of that name in its library. Empty when there is neither.
+std::wstring folderOfRunningInstallation(Table& installed, const ACHAR* key) {
+    const std::wstring& named = valueOf(installed, key);
+    if (named.empty() || isFolder(named))
+        return named;
+    const std::wstring beside = TrfcAppSettings::moduleDirectory() + L"library\\" + named.substr(named.find_last_of(L"\\/") + 1);
+    return isFolder(beside) ? beside : std::wstring();
+}
+} // namespace
+
+std::wstring TrfcAppSettings::substituteAbsentLibraries() {
+    Table installed;
+    if (!readTable(installationFolder() + L"settings.ini", installed))
+        return std::wstring();
+    std::wstring firstAbsent;
+    for (const ACHAR* key : kLibraryKeys) {
+        const std::wstring& set = getAppString(key);
+        const std::wstring substitute = set.empty() || isFolder(set) ? std::wstring() : folderOfRunningInstallation(installed, key);
+        if (substitute.empty())
+            continue;
+        store().substitutes[key] = {set, substitute};
+        if (firstAbsent.empty())
+            firstAbsent = set;
+    }
+    return firstAbsent;
+}
+
+const std::wstring& TrfcAppSettings::libraryFolder(const ACHAR* key) {
+    const std::wstring& set = getAppString(key);
+    const auto found = store().substitutes.find(key);
+    return found != store().substitutes.end() && found->second.first == set ? found->second.second : set;
 }
 
 void TrfcAppSettings::setAppString(const ACHAR* key, const std::wstring& value) {

@@ -5,6 +5,7 @@
 #include "AcEdAds.h"
 #include "AcUtText.h"
 #include "TrfcAppSettings.h"
+#include "TrfcUnchangedScope.h"
 #include "WinFiles.h"
 #include "storedItem.h"
 
@@ -36,6 +37,11 @@ std::wstring stampOf(const std::wstring& path) {
 bool fileExists(const std::wstring& path) {
     WinFileStatus status;
     return winFileStatus(path.c_str(), status) && !status.isFolder;
+}
+
+void tellMissing(const std::wstring& path, const std::wstring& file) {
+    const std::wstring what = path.empty() ? file + L" (a könyvtár nincs beállítva)" : path;
+    acedPrompt((L"Blokk definíció nem található: " + what + L"\n").c_str());
 }
 
 AcDbDictionary* openTemplates() {
@@ -99,24 +105,29 @@ const ACHAR* internText(const std::wstring& text) {
     return texts.insert(text).first->c_str();
 }
 
+std::wstring libraryFilePath(const std::wstring& folder, const std::wstring& file) {
+    return folder.empty() ? std::wstring() : folder + L"\\" + file;
+}
+
 S_BLOCK_DESCRIPTOR describeBlockFile(const std::wstring& folder, const std::wstring& file) {
     std::wstring key = file;
     std::replace(key.begin(), key.end(), L'\\', L'_');
     S_BLOCK_DESCRIPTOR descriptor;
     descriptor.blockKey = internText(key);
     descriptor.blockFile = internText(file);
-    descriptor.fileStamp = internText(stampOf(folder + L"\\" + file));
+    descriptor.fileStamp = internText(stampOf(libraryFilePath(folder, file)));
     return descriptor;
 }
 
 S_BLOCK_DESCRIPTOR loadBlockTemplate(const std::wstring& folder, const std::wstring& file, TrfcTaskReport* report) {
     S_BLOCK_DESCRIPTOR descriptor = describeBlockFile(folder, file);
-    std::wstring path = folder + L"\\" + file;
+    std::wstring path = libraryFilePath(folder, file);
     const bool missing = !fileExists(path);
     if (missing) {
-        acedPrompt((L"Blokk definíció nem található: " + path + L"\n").c_str());
-        path = TrfcAppSettings::getAppString(APP_SYMBOL_BASE_PATH) + L"\\" + kNotFoundFile;
+        tellMissing(path, file);
+        path = libraryFilePath(TrfcAppSettings::libraryFolder(APP_SYMBOL_BASE_PATH), kNotFoundFile);
     }
+    const TrfcUnchangedScope fetching(workingDatabase());
     AcDbDictionary* templates = openTemplates();
     if (templates == nullptr)
         return descriptor;
@@ -128,7 +139,7 @@ S_BLOCK_DESCRIPTOR loadBlockTemplate(const std::wstring& folder, const std::wstr
         tellOfLoss();
     } else {
         AcDbDatabase side(false, true);
-        if (side.readDwgFile(path.c_str()) == Acad::eOk) {
+        if (!path.empty() && side.readDwgFile(path.c_str()) == Acad::eOk) {
             prepareTemplateDatabase(side);
             workingDatabase()->insert(descriptor.blockId, ACDB_MODEL_SPACE, L"*U", &side, true);
             tellOfLoss();
@@ -142,7 +153,7 @@ S_BLOCK_DESCRIPTOR loadBlockTemplate(const std::wstring& folder, const std::wstr
 AcDbObjectId builtInBlockId(int index) {
     if (index < 0 || index >= static_cast<int>(std::size(kBuiltInFiles)))
         return AcDbObjectId::kNull;
-    return loadBlockTemplate(TrfcAppSettings::getAppString(APP_SYMBOL_BASE_PATH), kBuiltInFiles[index]).blockId;
+    return loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_SYMBOL_BASE_PATH), kBuiltInFiles[index]).blockId;
 }
 
 void prepareTemplateDatabase(AcDbDatabase& side) {

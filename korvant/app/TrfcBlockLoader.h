@@ -27,6 +27,8 @@ public:
     virtual void addReport(const std::wstring& objectType, const std::wstring& description, const std::wstring& id) = 0;
 };
 
+// The path of a library's file; empty where the library is not set, since "\\" alone would be the root folder.
+std::wstring libraryFilePath(const std::wstring& folder, const std::wstring& file);
 // A descriptor without a block; length and time stay empty when the file is missing.
 S_BLOCK_DESCRIPTOR describeBlockFile(const std::wstring& folder, const std::wstring& file);
 // The descriptor with its block. A missing file is told on the command line, and the symbol

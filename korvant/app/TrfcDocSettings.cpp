@@ -3,6 +3,7 @@
 
 #include "AcDbDatabase.h"
 #include "AcUtText.h"
+#include "TrfcUnchangedScope.h"
 #include "storedItem.h"
 
 #include <memory>
@@ -74,6 +75,7 @@ void store(const ACHAR* key, const RbChain& value) {
 // take: value of a stored item; fromText: value of the default's text; item: a chain of the value.
 template <class Value, class Take, class FromText, class Item>
 Value fetch(const ACHAR* key, Value none, Take take, FromText fromText, Item item) {
+    const TrfcUnchangedScope reading(acdbHostApplicationServices()->workingDatabase());
     const DocDictionary dictionary;
     if (dictionary.get() == nullptr)
         return none;

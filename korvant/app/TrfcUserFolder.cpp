@@ -18,14 +18,27 @@ bool isMissing(const std::wstring& path) {
 
 } // namespace
 
+// Without a base the path would begin at the root folder, which is nobody's.
 std::wstring userFolder() {
     std::array<wchar_t, MAX_PATH> base{};
-    SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, base.data());
-    return std::wstring(base.data()) + L"\\Korvant 2018\\";
+    const HRESULT found = SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, base.data());
+    return FAILED(found) ? std::wstring() : std::wstring(base.data()) + L"\\Korvant 2018\\";
+}
+
+const wchar_t* userFolderFault() {
+    std::array<wchar_t, MAX_PATH> base{};
+    const HRESULT found = SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, base.data());
+    if (SUCCEEDED(found))
+        return nullptr;
+    if (found == HRESULT_FROM_WIN32(ERROR_ENVVAR_NOT_FOUND))
+        return L"a HOME környezeti változó nem nevez meg mappát";
+    return found == HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE) ? L"az útvonala túl hosszú" : L"nem hozható létre";
 }
 
 std::wstring prepareUserFolder(const std::wstring& installationFolder) {
     const std::wstring folder = userFolder();
+    if (folder.empty())
+        return folder;
     if (GetFileAttributesW(folder.c_str()) == INVALID_FILE_ATTRIBUTES) {
         const DWORD reason = GetLastError();
         if (reason == ERROR_PATH_NOT_FOUND || reason == ERROR_FILE_NOT_FOUND)

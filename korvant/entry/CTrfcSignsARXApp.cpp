@@ -3,6 +3,7 @@
 
 #include "AcDbAnnotationScale.h"
 #include "AcEdAds.h"
+#include "CSelectTableDlg.h"
 #include "TrfcAppSettings.h"
 #include "TrfcBlockChain.h"
 #include "TrfcBlockEnt.h"
@@ -27,6 +28,14 @@ const AcRxClassRow kClassRows[] = {
 };
 #undef TRFC_CLASS_ROW
 
+// A module that is loaded again is mapped still, and finds what its earlier life had set.
+void startAnew() {
+    setStateChangeData(std::make_unique<TrfcStateChangeData>());
+    scaleTrackingEnabled = true;
+    crossingOnCyclePath = false;
+    CSelectTableDlg::forgetLastFolder();
+}
+
 } // namespace
 
 CTrfcSignsARXApp* trfcApp() {
@@ -45,7 +54,7 @@ AcRxTables CTrfcSignsARXApp::tables() const {
 AcRx::AppRetCode CTrfcSignsARXApp::On_kInitAppMsg(void* packet) {
     acrxBuildClassHierarchy();
     registerModuleResources();
-    setStateChangeData(std::make_unique<TrfcStateChangeData>()); // a module that is loaded again finds no earlier ticks
+    startAnew();
     TrfcAppSettings::setModuleDirectory(acedGetAppName());
     if (!loadSettingsAtStart() || !loadDefaultsAtStart())
         return AcRx::kRetError;

@@ -7,6 +7,7 @@
 #include "TrfcDocSettings.h"
 #include "TrfcDrawingUtils.h"
 #include "TrfcScalable.h"
+#include "TrfcUnchangedScope.h"
 
 #include <algorithm>
 #include <cmath>
@@ -148,7 +149,8 @@ void synchroniseScales() {
         return;
     const std::wstring list = TrfcDocSettings::getDocString(DOC_SCALE_LIST);
     if (!list.empty() && CScaleComparisonDialog(compareScaleList(*database, list)).DoModal() == IDOK)
-        TrfcDocSettings::setDocString(DOC_SCALE_LIST, L"");
+        TrfcDocSettings::setDocString(DOC_SCALE_LIST, L""); // the user's answer, a change like any other
+    const TrfcUnchangedScope synchronising(database);
     const std::unique_ptr<AcDbAnnotationScale> current(database->cannoscale());
     if (current != nullptr)
         switchScale(*current);

@@ -7,6 +7,7 @@
 #include "CFileDialog.h"
 #include "Resource.h"
 #include "TrfcAppSettings.h"
+#include "TrfcUserFolder.h"
 
 using namespace TrfcAppSettings;
 
@@ -40,6 +41,12 @@ bool askDefaultsPath(std::wstring& path) {
     return true;
 }
 
+void tellOfSubstitutes() {
+    const std::wstring absent = substituteAbsentLibraries();
+    if (!absent.empty())
+        acutPrintf(L"A beállított könyvtár nem található: %s. A futó telepítés könyvtára érvényes.\n", absent.c_str());
+}
+
 } // namespace
 
 void registerModuleResources() {
@@ -50,9 +57,15 @@ void registerModuleResources() {
 }
 
 bool loadSettingsAtStart() {
-    const std::wstring path = settingsFilePath();
-    if (loadAppSettings(path))
+    std::wstring path = settingsFilePath();
+    if (path.empty()) { // a user without a folder works with what is installed, and keeps nothing
+        path = installationFolder() + kSettingsName;
+        acutPrintf(L"A felhasználói mappa hiányzik: %s. A telepített beállítások érvényesek, és nem menthetők.\n", userFolderFault());
+    }
+    if (loadAppSettings(path)) {
+        tellOfSubstitutes();
         return true;
+    }
     CString text;
     text.Format(AfxResourceString(IDS_SETTINGS_FAULT).c_str(), path.c_str());
     showError(static_cast<LPCTSTR>(text));
@@ -62,8 +75,9 @@ bool loadSettingsAtStart() {
 bool loadDefaultsAtStart() {
     std::wstring path = getAppString(DEFAULTS_INI_PATH);
     bool changed = path.empty();
+    const std::wstring settings = settingsFilePath();
     if (changed)
-        path = defaultsBeside(settingsFilePath());
+        path = settings.empty() ? installationFolder() + kDefaultsName : defaultsBeside(settings);
     if (!loadDocDefaults(path)) {
         showError(AfxResourceString(IDS_DEFAULTS_FAULT));
         changed = true;
@@ -74,7 +88,8 @@ bool loadDefaultsAtStart() {
     }
     if (changed) {
         setAppString(DEFAULTS_INI_PATH, path);
-        saveAppSettings(settingsFilePath());
+        if (!settings.empty())
+            saveAppSettings(settings);
     }
     return true;
 }

@@ -1,8 +1,10 @@
 #include "CSelectTableDlg.h"
 
+#include "AcEdAds.h"
 #include "AfxApp.h"
 #include "BlockThumbnails.h"
 #include "CDataExchange.h"
+#include "LibraryWalk.h"
 #include "Resource.h"
 #include "TrfcAppSettings.h"
 #include "WinFiles.h"
@@ -21,20 +23,16 @@ std::wstring& lastFolder() {
     return folder;
 }
 
-std::vector<std::wstring> subfoldersOf(const std::wstring& folder) {
-    std::vector<std::wstring> names;
-    WIN32_FIND_DATAW found;
-    const HANDLE search = FindFirstFileW((folder + L"\\*.*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return names;
-    do {
-        const std::wstring name = found.cFileName;
-        const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        if (isFolder && name != L"." && name != L".." && name != L"Temp")
-            names.push_back(name);
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
-    return names;
+std::wstring orderFileOf(const std::wstring& userFolder) {
+    return userFolder.empty() ? userFolder : userFolder + L"orders.xml";
+}
+
+// The window itself stays empty where there is nothing to choose from; why is told beside it.
+void tellOfEmptyLibrary(const std::wstring& root) {
+    if (root.empty())
+        acedPrompt(L"A könyvtár nincs beállítva.\n");
+    else if (GetFileAttributesW(root.c_str()) == INVALID_FILE_ATTRIBUTES)
+        acedPrompt((L"A könyvtár nem található: " + root + L"\n").c_str());
 }
 } // namespace
 
@@ -47,7 +45,7 @@ BEGIN_MESSAGE_MAP(CSelectTableDlg, CDialog)
 END_MESSAGE_MAP()
 
 CSelectTableDlg::CSelectTableDlg(const std::wstring& rootFolder, CWnd* parent)
-    : CDialog(IDD_SELECT_TABLE, parent), mRoot(rootFolder), mOrderFile(TrfcAppSettings::perUserFolder() + L"orders.xml") {}
+    : CDialog(IDD_SELECT_TABLE, parent), mRoot(rootFolder), mOrderFile(orderFileOf(TrfcAppSettings::perUserFolder())) {}
 
 void CSelectTableDlg::DoDataExchange(CDataExchange* exchange) {
     CDialog::DoDataExchange(exchange);
@@ -66,7 +64,11 @@ BOOL CSelectTableDlg::OnInitDialog() {
     mResizer.Add(IDC_LIBRARY_LIST, CResizer::kAll);
     clearChoice();
     createTreeImages();
-    fillTree(mRoot, TVI_ROOT);
+    LibraryWalk walk(mRoot);
+    fillTree(walk, mRoot, TVI_ROOT);
+    tellOfEmptyLibrary(mRoot);
+    if (walk.wasCutShort())
+        acedPrompt((L"A könyvtár túl nagy, nem minden mappája látható: " + mRoot + L"\n").c_str());
     AfxRestorePlacement(*this, kProfileSection);
     const HTREEITEM first = mTree.GetRootItem();
     if (first != nullptr && mTree.GetNextSiblingItem(first) == nullptr)
@@ -82,15 +84,15 @@ void CSelectTableDlg::createTreeImages() {
     mTree.SetImageList(&mTreeImages, TVSIL_NORMAL);
 }
 
-void CSelectTableDlg::fillTree(const std::wstring& folder, HTREEITEM parent) {
-    for (const std::wstring& name : subfoldersOf(folder)) {
-        const std::wstring path = folder + L"\\" + name;
-        const HTREEITEM item = insertFolder(path, name, parent);
-        if (lastFolder() == path) {
+void CSelectTableDlg::fillTree(LibraryWalk& walk, const std::wstring& folder, HTREEITEM parent) {
+    for (const LibraryWalk::Folder& found : walk.foldersOf(folder)) {
+        const HTREEITEM item = insertFolder(found.path, found.name, parent);
+        if (lastFolder() == found.path) {
             mTree.SelectItem(item);
             mTree.EnsureVisible(item);
         }
-        fillTree(path, item);
+        if (found.goesDown)
+            fillTree(walk, found.path, item);
     }
 }
 
@@ -179,6 +181,8 @@ void CSelectTableDlg::OnDestroy() {
     AfxSavePlacement(*this, kProfileSection);
     CDialog::OnDestroy();
 }
+
+void CSelectTableDlg::forgetLastFolder() { lastFolder().clear(); }
 
 bool CSelectTableDlg::swapBlocks(const std::wstring& folderMask, int row, int distance) const {
     return swapInOrderFile(mOrderFile, folderMask, row, distance);

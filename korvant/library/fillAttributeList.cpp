@@ -39,6 +39,8 @@ void fillAttributeList(CListCtrlEd& list, const std::wstring& path, const Attrib
 
 void fillAttributeLists(CListCtrlEd& list, const std::wstring& baseFolder, const std::wstring& blockFile,
                         const AttributeLookup& stored) {
+    if (baseFolder.empty())
+        return;
     fillAttributeList(list, baseFolder + L"\\attributes.xml", stored);
     const std::size_t separator = blockFile.rfind(L'\\');
     if (separator != std::wstring::npos)

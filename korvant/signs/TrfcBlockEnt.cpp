@@ -127,11 +127,13 @@ Acad::ErrorStatus TrfcBlockEnt::subGetOsnapPoints(AcDb::OsnapMode mode, std::int
 // ---- dialog ---------------------------------------------------------------------------------------
 
 bool TrfcBlockEnt::editProperties() {
-    assertWriteEnabled();
+    assertWriteEnabled(false, false); // a window that is given up leaves nothing to save or to take back
     const std::unique_ptr<TrfcBlockEnt> copy(clone());
     const bool confirmed = copy != nullptr && editBlockEntProperties(*copy);
-    if (confirmed)
+    if (confirmed) {
+        assertWriteEnabled();
         copyFromClone(copy.get());
+    }
     return confirmed;
 }
 

@@ -31,7 +31,7 @@ AcEdJig::DragStatus TrfcBlockJig::run(std::unique_ptr<TrfcBlockEnt> block) {
 }
 
 AcEdJig::DragStatus TrfcBlockJig::place() {
-    mBlock->init(loadBlockTemplate(TrfcAppSettings::getAppString(APP_SYMBOL_BASE_PATH), kDefaultSymbol), AcGePoint3d::kOrigin, 0.0, 1.0);
+    mBlock->init(loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_SYMBOL_BASE_PATH), kDefaultSymbol), AcGePoint3d::kOrigin, 0.0, 1.0);
     if (mBlock->hasMTextAttribute()) {
         acutPrintf(L"Többsoros attribútumdefiníciót tartalmazó blokkot nem lehet beszúrni!\n");
         return kCancel;

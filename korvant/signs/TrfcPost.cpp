@@ -150,7 +150,7 @@ void TrfcPost::setPostType(int type) {
     if (type == mPostData.postType)
         return;
     mPostData.postType = type;
-    const std::wstring library = TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH);
+    const std::wstring library = TrfcAppSettings::libraryFolder(APP_POSTS_BASE_PATH);
     const std::wstring file = mBaseBlock->descriptor().blockFile;
     const std::size_t split = file.find_last_of(L'\\');
     const std::wstring folder = split == std::wstring::npos ? std::wstring() : file.substr(0, split + 1);
@@ -158,7 +158,7 @@ void TrfcPost::setPostType(int type) {
     name.erase(std::remove(name.begin(), name.end(), L'$'), name.end());
     const ACHAR* mark = type == kBlockPlanned ? L"$" : type == kBlockToBeRemoved ? L"$$" : L"";
     std::wstring formOfState = folder + mark + name;
-    if (*mark != L'\0' && GetFileAttributesW((library + L"\\" + formOfState).c_str()) == INVALID_FILE_ATTRIBUTES)
+    if (*mark != L'\0' && GetFileAttributesW(libraryFilePath(library, formOfState).c_str()) == INVALID_FILE_ATTRIBUTES)
         formOfState = folder + name;
     mBaseBlock->init(loadBlockTemplate(library, formOfState), mPointA, mRotation, mBasePointD);
 }
@@ -273,11 +273,13 @@ Acad::ErrorStatus TrfcPost::subTransformBy(const AcGeMatrix3d& matrix) {
 // ---- dialogs ----------------------------------------------------------------------------------------
 
 bool TrfcPost::editProperties(int page) {
-    assertWriteEnabled();
+    assertWriteEnabled(false, false); // a window that is given up leaves nothing to save or to take back
     const std::unique_ptr<TrfcPost> copy(clone());
     const bool confirmed = copy != nullptr && editPostProperties(*copy, page);
-    if (confirmed)
+    if (confirmed) {
+        assertWriteEnabled();
         copyFromClone(copy.get());
+    }
     return confirmed;
 }
 

@@ -160,5 +160,5 @@ S_BLOCK_DESCRIPTOR TrfcPost::footOfEarlierVersions() {
         file = TrfcDocSettings::getDocString(DOC_POST_ALIEN_DWG);
         mPostData.postType = kBlockExisting;
     }
-    return loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), file);
+    return loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_POSTS_BASE_PATH), file);
 }

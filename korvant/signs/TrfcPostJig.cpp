@@ -49,7 +49,7 @@ AcEdJig::DragStatus TrfcPostJig::place() {
 
 bool TrfcPostJig::takeFoot() {
     const S_BLOCK_DESCRIPTOR foot =
-        loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), TrfcDocSettings::getDocString(DOC_POST_DEFAULT_DWG));
+        loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_POSTS_BASE_PATH), TrfcDocSettings::getDocString(DOC_POST_DEFAULT_DWG));
     mPost->baseBlock().init(foot, AcGePoint3d::kOrigin, 0.0, TrfcDocSettings::getDocDoubleIn(DOC_BASEPOINTD, L"wcs"));
     if (!mPost->baseBlock().hasMTextAttribute())
         return true;

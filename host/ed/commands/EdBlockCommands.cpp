@@ -31,8 +31,9 @@ bool isFile(const std::wstring& path) {
 AcDbObjectId loadFile(AcDbDatabase& db, const std::wstring& name, const std::wstring& path) {
     AcDbDatabase source(false, true);
     AcDbObjectId id;
-    if (source.readDwgFile(path.c_str()) != Acad::eOk)
-        edFail(source.lastError().empty() ? path + L" cannot be opened." : source.lastError());
+    std::wstring reason;
+    if (edReadDrawing(source, path, reason) != Acad::eOk)
+        edFail(path + L" cannot be opened: " + reason);
     else if (const Acad::ErrorStatus es = db.insert(id, name.c_str(), &source); es != Acad::eOk)
         edFail(path + L" cannot be inserted: " + acadErrorStatusText(es));
     return id;

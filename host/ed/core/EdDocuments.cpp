@@ -45,25 +45,6 @@ std::wstring fullPath(const std::wstring& path) {
 void sendToModules(AcRx::AppMsgCode code) {
     edGuarded(L"A module", [code] { acrxSendToModules(code); });
 }
-// Custom entities look up the settings of the drawing that they are read from.
-Acad::ErrorStatus readFile(AcDbDatabase& database, const std::wstring& path, std::wstring& error) {
-    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
-    AcDbDatabase* const earlier = services->workingDatabase();
-    services->setWorkingDatabase(&database);
-    Acad::ErrorStatus es = Acad::eInvalidInput;
-    try {
-        es = database.readDwgFile(path.c_str());
-        error = database.lastError();
-    } catch (...) {
-        error = acFaultText();
-    }
-    if (es == Acad::eOk)
-        return es;
-    services->setWorkingDatabase(earlier); // the other one is about to go
-    if (error.empty())
-        error = acadErrorStatusText(es);
-    return es;
-}
 // A user's way to say that a file stays as it is; the user at work may be one whom the system stops nowhere.
 bool isWriteProtected(const std::wstring& path) {
     using std::filesystem::perms;
@@ -128,7 +109,7 @@ EdDocument* EdDocuments::open(const std::wstring& typed, std::wstring& error) {
     const std::wstring path = fullPath(typed);
     auto database = std::make_unique<AcDbDatabase>(false);
     std::wstring reason;
-    if (readFile(*database, path, reason) != Acad::eOk) {
+    if (edReadDrawing(*database, path, reason) != Acad::eOk) {
         error = typed + L": " + reason;
         return nullptr;
     }
@@ -197,6 +178,22 @@ Acad::ErrorStatus EdDocuments::save(const std::wstring& typed, std::wstring& err
     return Acad::eOk;
 }
 
+Acad::ErrorStatus edReadDrawing(AcDbDatabase& database, const std::wstring& path, std::wstring& reason) {
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    AcDbDatabase* const earlier = services->workingDatabase();
+    services->setWorkingDatabase(&database);
+    Acad::ErrorStatus es = Acad::eInvalidInput;
+    try {
+        es = database.readDwgFile(path.c_str());
+        reason = database.lastError();
+    } catch (...) {
+        reason = acFaultText(); // a module's entity failed while it was read
+    }
+    services->setWorkingDatabase(earlier);
+    if (es != Acad::eOk && reason.empty())
+        reason = acadErrorStatusText(es);
+    return es;
+}
 Acad::ErrorStatus edAppend(AcDbDatabase& database, AcDbEntity* entity, AcDbObjectId& id) {
     AcDbObjectPointer<AcDbBlockTableRecord> space(database.currentSpaceId(), AcDb::kForWrite);
     if (!space)

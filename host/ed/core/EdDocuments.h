@@ -67,6 +67,9 @@ private:
     int mNewCount = 0;
 };
 
+// Reads a drawing as the working one: custom entities look up the settings of the drawing they are read from.
+// The reason of a failure in words; the working drawing is the earlier one again.
+Acad::ErrorStatus edReadDrawing(AcDbDatabase& database, const std::wstring& path, std::wstring& reason);
 // The drawing that commands work on; null before the first one is open.
 AcDbDatabase* edDatabase();
 // Adds the entity to the current space and closes it. On failure it stays the caller's.

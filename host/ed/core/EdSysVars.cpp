@@ -81,6 +81,8 @@ std::wstring EdSysVars::assign(const EdVarRow& row, const EdVar& value) {
         return L"Requires a value from " + edNumber(row.minimum) + L" to " + edNumber(row.maximum) + L".";
     if (row.set == nullptr) {
         mSession[row.name] = *typed;
+        if (row.kept && mProfile.write != nullptr)
+            mProfile.write(row.name, std::get<std::wstring>(*typed));
         return L"";
     }
     return edDatabase() != nullptr ? row.set(*edDatabase(), *typed) : L"No drawing is open.";
@@ -105,6 +107,16 @@ std::wstring EdSysVars::setFromText(const std::wstring& name, const std::wstring
     }
     const auto number = edParseReal(text);
     return number ? set(name, *number) : L"Requires numeric value.";
+}
+void EdSysVars::useProfile(const EdUserProfile& profile) {
+    mProfile = profile;
+    for (const EdVarRow& row : edVarRows())
+        if (row.kept)
+            mSession[row.name] = profile.read(row.name);
+}
+void EdSysVars::reset() {
+    mSession.clear();
+    mProfile = {};
 }
 std::vector<std::wstring> EdSysVars::names() const {
     std::vector<std::wstring> all;

@@ -22,8 +22,16 @@ struct EdVarRow {
     EdVar (*get)(AcDbDatabase& db) = nullptr;
     std::wstring (*set)(AcDbDatabase& db, const EdVar& value) = nullptr;
     double minimum = 0.0, maximum = 0.0; // both 0: any
+    bool kept = false;                   // a text of the session that belongs to the user and is there at the next start
 };
 const std::vector<EdVarRow>& edVarRows();
+
+// Where the values that belong to the user stand between starts; the program supplies it, since files are not the
+// editor's.
+struct EdUserProfile {
+    std::wstring (*read)(const wchar_t* name) = nullptr; // empty where nothing is kept
+    void (*write)(const wchar_t* name, const std::wstring& value) = nullptr;
+};
 
 class EdSysVars {
 public:
@@ -39,8 +47,10 @@ public:
     short getShort(const wchar_t* name) const;
     double getReal(const wchar_t* name) const;
     std::wstring getText(const wchar_t* name) const;
-    // Puts the session's variables back to their start values.
-    void reset() { mSession.clear(); }
+    // Takes the user's values from the profile, and keeps there from now on what is set.
+    void useProfile(const EdUserProfile& profile);
+    // Puts the session's variables back to their start values, and forgets the profile.
+    void reset();
     // For values that the program itself keeps up (read-only ones too).
     void put(const wchar_t* name, const EdVar& value) { mSession[name] = value; }
 
@@ -48,6 +58,7 @@ private:
     const EdVarRow* find(const std::wstring& name) const;
     std::wstring assign(const EdVarRow& row, const EdVar& value);
     std::map<std::wstring, EdVar> mSession;
+    EdUserProfile mProfile;
 };
 
 std::wstring edVarText(const EdVar& value);

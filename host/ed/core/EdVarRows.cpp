@@ -133,7 +133,7 @@ std::vector<EdVarRow> makeRows() {
         {L"PROXYSHOW", v(1), false, nullptr, nullptr, 0.0, 2.0},
         {L"REGENMODE", v(1), false, nullptr, nullptr, 0.0, 1.0},
         {L"TILEMODE", v(1), true},
-        {L"TRUSTEDPATHS", none},
+        {L"TRUSTEDPATHS", none, false, nullptr, nullptr, 0.0, 0.0, true},
     };
 }
 } // namespace

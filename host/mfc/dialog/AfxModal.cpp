@@ -9,6 +9,7 @@
 #include "driver/AfxLines.h"
 
 #include <QApplication>
+#include <QPixmapCache>
 #include <algorithm>
 
 namespace {
@@ -96,8 +97,12 @@ void afxRunModal(AfxModalRun& run) {
         cancel(run);
     }
     std::erase(runs(), &run);
-    if (runs().empty())
+    if (runs().empty()) {
         gIsAborting = false;
+        // The toolkit keeps each picture that a window showed until its cache is full, though the next window loads
+        // its pictures anew and never asks for these again.
+        QPixmapCache::clear();
+    }
 }
 
 void afxTellFault() {

@@ -45,9 +45,9 @@ private:
     Impl* mImpl = nullptr;
 };
 
-// Registers a class; a class of that name that is registered already is returned as it is. A module
-// may register a class before its parent: a null parent is then looked up by parentName when
-// acrxBuildClassHierarchy runs.
+// Registers a class; one of that name that is registered already is returned. A module's class names its
+// parent, which is found in the registry now or, where it is registered later, when acrxBuildClassHierarchy
+// runs; the pointer counts only where no name is given.
 // Texts are copied. The registry owns the class until deleteAcRxClass.
 AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, int dwgVersion = 0, int maintenanceVersion = 0,
                         int proxyFlags = 0, AcRxConstructor constructor = nullptr, const ACHAR* dxfName = nullptr,

@@ -24,6 +24,7 @@ constexpr DWORD FILE_ATTRIBUTE_READONLY = 0x01;
 constexpr DWORD FILE_ATTRIBUTE_HIDDEN = 0x02;
 constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
+constexpr DWORD FILE_ATTRIBUTE_REPARSE_POINT = 0x400; // a link to a folder; told by the search alone
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFFu;
 DWORD GetFileAttributesW(LPCWSTR path);
 
@@ -63,6 +64,8 @@ struct WinFileStatus {
     std::tm modifiedLocal = {}; // the same in local time, for wcsftime
     bool isFolder = false;
 };
+// The path that names a file or folder without any link on the way; empty with GetLastError where there is none.
+std::wstring winRealPath(LPCWSTR path);
 // False with GetLastError where there is no such file.
 bool winFileStatus(LPCWSTR path, WinFileStatus& status);
 // wcsftime of a local time as text.

@@ -7,11 +7,19 @@
 #include <string>
 #include <vector>
 
+constexpr DWORD ERROR_ENVVAR_NOT_FOUND = 203;
+constexpr DWORD ERROR_FILENAME_EXCED_RANGE = 206;
+constexpr HRESULT HRESULT_FROM_WIN32(DWORD code) {
+    return static_cast<HRESULT>(code == 0 ? 0u : 0x80070000u | (code & 0xFFFFu));
+}
+
 constexpr int CSIDL_LOCAL_APPDATA = 0x1C; // 28
 // The only folder known is 28, the user's local application data: environment
 // KORVANT_LOCALAPPDATA, else XDG_DATA_HOME, else .local/share of the home folder. It is made
-// where it is absent, since programs rely on it. The buffer takes MAX_PATH characters, the
-// path has backslashes and none at its end. Another id or too long a path gives E_FAIL.
+// where it is absent, since programs rely on it; a home folder itself is not, and the root folder is nobody's home.
+// The buffer takes MAX_PATH characters, the path is a full one with backslashes and none at its end. Another id
+// gives E_FAIL, no folder at all, too long a path and a folder that cannot be made the HRESULT of
+// ERROR_ENVVAR_NOT_FOUND, ERROR_FILENAME_EXCED_RANGE and ERROR_PATH_NOT_FOUND.
 HRESULT SHGetFolderPathW(HWND owner, int folderId, HANDLE token, DWORD flags, LPWSTR path);
 
 constexpr int SW_SHOWNORMAL = 1;

@@ -70,7 +70,7 @@ void CBlockPage::addBlockRows(const TrfcBlock& block, const std::wstring& baseFo
 
 std::wstring CBlockPage::chooseBlock(const ACHAR* base) {
     mGrid.commitEdit();
-    CSelectTableDlg dialog(TrfcAppSettings::getAppString(base), this);
+    CSelectTableDlg dialog(TrfcAppSettings::libraryFolder(base), this);
     return dialog.DoModal() == IDOK ? dialog.selectedPath() : std::wstring();
 }
 

@@ -99,7 +99,7 @@ void CEditBlockChainDlg::showRows(const TrfcBlock* block) {
     if (block == nullptr)
         return;
     const ACHAR* const base = block->isKindOf(TrfcLamp::desc()) ? APP_LAMPS_BASE_PATH : APP_TABLES_BASE_PATH;
-    addBlockRows(*block, TrfcAppSettings::getAppString(base));
+    addBlockRows(*block, TrfcAppSettings::libraryFolder(base));
 }
 
 void CEditBlockChainDlg::enableControls() {
@@ -131,7 +131,7 @@ void CEditBlockChainDlg::OnAddTable() {
 }
 
 void CEditBlockChainDlg::addTable(const std::wstring& relativePath) {
-    auto table = std::make_unique<TrfcTable>(loadBlockTemplate(TrfcAppSettings::getAppString(APP_TABLES_BASE_PATH), relativePath));
+    auto table = std::make_unique<TrfcTable>(loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_TABLES_BASE_PATH), relativePath));
     if (mChain.appendBlockUpward(table.get()) != Acad::eOk)
         return;
     table.release();
@@ -169,7 +169,7 @@ void CEditBlockChainDlg::OnAddLamp() {
     const std::wstring path = chooseBlock(APP_LAMPS_BASE_PATH);
     if (path.empty())
         return;
-    auto lamp = std::make_unique<TrfcLamp>(loadBlockTemplate(TrfcAppSettings::getAppString(APP_LAMPS_BASE_PATH), path));
+    auto lamp = std::make_unique<TrfcLamp>(loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_LAMPS_BASE_PATH), path));
     if (mChain.appendBlockUpward(lamp.get()) != Acad::eOk)
         return;
     lamp.release();
@@ -229,7 +229,7 @@ void CEditBlockChainDlg::OnIndividualTable() {
         return;
     commit();
     CFileDialog dialog(TRUE, L"dwg", nullptr, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, L"AutoCad DWG fájl (*.dwg)|*.dwg||", this);
-    dialog.m_ofn.lpstrInitialDir = TrfcAppSettings::getAppString(APP_TEMP_DIR_PATH).c_str();
+    dialog.m_ofn.lpstrInitialDir = TrfcAppSettings::libraryFolder(APP_TEMP_DIR_PATH).c_str();
     if (dialog.DoModal() != IDOK)
         return;
     const std::wstring relativePath = individualTablePath(mPost->pointA());

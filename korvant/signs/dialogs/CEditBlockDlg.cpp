@@ -25,7 +25,7 @@ void CEditBlockDlg::showBlock() {
     showPath(mBlock.descriptor().blockFile);
     mType.SetCurSel(mBlock.entType());
     mGrid.removeRows();
-    addBlockRows(mBlock, TrfcAppSettings::getAppString(APP_BLOCK_BASE_PATH));
+    addBlockRows(mBlock, TrfcAppSettings::libraryFolder(APP_BLOCK_BASE_PATH));
     refreshPreview();
 }
 
@@ -37,7 +37,7 @@ void CEditBlockDlg::OnSelectBlock() {
     const std::wstring file = chooseBlock(APP_BLOCK_BASE_PATH);
     if (file.empty())
         return;
-    mBlock.setBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_BLOCK_BASE_PATH), file));
+    mBlock.setBlock(loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_BLOCK_BASE_PATH), file));
     showBlock();
 }
 

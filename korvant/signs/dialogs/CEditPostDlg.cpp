@@ -35,7 +35,7 @@ void CEditPostDlg::showPost() {
     addPageField(L"Felirat", mPost.postText().text);
     addPageField(L"Anyag", mPost.postData().material);
     addPageField(L"Magasság", acFormat(L"%.2f", mPost.postData().height));
-    addBlockRows(mPost.baseBlock(), TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH));
+    addBlockRows(mPost.baseBlock(), TrfcAppSettings::libraryFolder(APP_POSTS_BASE_PATH));
     refreshPreview();
 }
 
@@ -62,7 +62,7 @@ void CEditPostDlg::OnSelectBlock() {
     const std::wstring file = chooseBlock(APP_POSTS_BASE_PATH);
     if (file.empty())
         return;
-    mPost.setBaseBlock(loadBlockTemplate(TrfcAppSettings::getAppString(APP_POSTS_BASE_PATH), file));
+    mPost.setBaseBlock(loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_POSTS_BASE_PATH), file));
     showPost();
 }
 

@@ -1,8 +1,10 @@
 #include "IndividualTable.h"
 
 #include "AcDbDatabase.h"
+#include "AcEdAds.h"
 #include "AcUtText.h"
 #include "TrfcAppSettings.h"
+#include "TrfcBlockLoader.h"
 #include "TrfcDrawingUtils.h"
 #include "WinFiles.h"
 
@@ -17,7 +19,11 @@ bool storeIndividualTable(const std::wstring& drawing, const std::wstring& relat
     reportError(read, L"es == Acad::eOk, EditBlockChainDlg");
     if (read != Acad::eOk)
         return false;
-    const std::wstring target = TrfcAppSettings::getAppString(APP_TABLES_BASE_PATH) + L"\\" + relativePath;
+    const std::wstring target = libraryFilePath(TrfcAppSettings::libraryFolder(APP_TABLES_BASE_PATH), relativePath);
+    if (target.empty()) {
+        acedPrompt(L"A könyvtár nincs beállítva.\n");
+        return false;
+    }
     const std::wstring folder = target.substr(0, target.rfind(L'\\'));
     if (GetFileAttributesW(folder.c_str()) == INVALID_FILE_ATTRIBUTES)
         CreateDirectoryW(folder.c_str(), nullptr);

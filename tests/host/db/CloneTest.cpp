@@ -63,10 +63,32 @@ bool has(AcDbDatabase& db, const AcRxClass* table, const ACHAR* name) {
 std::wstring nameOf(AcDbObjectId id) {
     return AcDbObjectPointer<AcDbSymbolTableRecord>(id)->name();
 }
+// An entity of a module, which looks while it reads itself at a circle of the block that it shows.
+class Label : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(Label);
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override {
+        AcDbEntity::dwgOutFields(filer);
+        filer->writeHardPointerId(block);
+        filer->writeHardPointerId(circle);
+        return filer->filerStatus();
+    }
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override {
+        AcDbEntity::dwgInFields(filer);
+        filer->readHardPointerId(&block);
+        filer->readHardPointerId(&circle);
+        const AcDbObjectPointer<AcDbCircle> shown(circle);
+        radiusSeen = shown ? shown->radius() : -1.0;
+        return filer->filerStatus();
+    }
+    AcDbHardPointerId block, circle;
+    double radiusSeen = 0.0;
+};
 void writeFile(const std::string& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 } // namespace
+ACRX_DXF_DEFINE_MEMBERS(Label, AcDbEntity, 25, 3, 0, L"LABEL", L"Labels|by us")
 
 TEST(Insert, makes_an_anonymous_block_of_the_other_drawings_model_space) {
     Library library;
@@ -155,6 +177,24 @@ TEST(Insert, takes_one_block_of_the_other_drawing_by_name) {
     EXPECT_EQ(db.insert(block, L"Másik", &db), Acad::eWrongDatabase);
     EXPECT_EQ(db.insert(block, L"", &library.db), Acad::eNullBlockName);
     EXPECT_EQ(db.insert(block, ACDB_MODEL_SPACE, &library.db), Acad::eInvalidInput);
+}
+TEST(Insert, what_an_entity_of_a_module_points_to_stands_when_it_reads_itself) {
+    Label::rxInit();
+    {
+        Library library;
+        auto* const label = new Label;
+        label->block = library.block;
+        label->circle = liveEntities(library.block)[0];
+        add(library.db, library.db.modelSpaceId(), label);
+        AcDbDatabase db;
+        AcDbObjectId id;
+        ASSERT_EQ(db.insert(id, L"*U", &library.db), Acad::eOk);
+        const AcDbObjectPointer<Label> copy(liveEntities(id)[2]);
+        ASSERT_TRUE(copy);
+        EXPECT_EQ(copy->circle.database(), &db);
+        EXPECT_EQ(copy->radiusSeen, 2.0);
+    }
+    deleteAcRxClass(Label::desc());
 }
 TEST(Insert, is_taken_back_by_undo) {
     Library library;

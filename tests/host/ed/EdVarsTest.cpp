@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 namespace {
 TEST(EdSysVars, have_the_values_that_users_take_for_granted) {
     EdSession user;
@@ -47,6 +50,25 @@ TEST(EdSysVars, refuse_what_they_cannot_hold) {
     EXPECT_FALSE(vars.setFromText(L"NOSUCHVAR", L"1").empty());
     EXPECT_TRUE(vars.set(L"LTSCALE", 2.0).empty());
     EXPECT_EQ(user.db().ltscale(), 2.0);
+}
+std::map<std::wstring, std::wstring>& userProfile() {
+    static std::map<std::wstring, std::wstring> kept;
+    return kept;
+}
+TEST(EdSysVars, of_the_user_are_there_again_at_the_next_start_and_no_others) {
+    EdSession user;
+    EdSysVars& vars = EdSysVars::instance();
+    const EdUserProfile profile{[](const wchar_t* name) { return userProfile()[name]; }, [](const wchar_t* name, const std::wstring& value) { userProfile()[name] = value; }};
+    vars.useProfile(profile);
+    EXPECT_EQ(vars.getText(L"TRUSTEDPATHS"), L"");
+    user.type({L"TRUSTEDPATHS", L"C:\\Παράδειγμα", L"GRIPSIZE 9", L"HPNAME DOTS"});
+    vars.reset(); // the next start
+    EXPECT_EQ(vars.getText(L"TRUSTEDPATHS"), L"");
+    vars.useProfile(profile);
+    EXPECT_EQ(vars.getText(L"TRUSTEDPATHS"), L"C:\\Παράδειγμα");
+    EXPECT_EQ(vars.getShort(L"GRIPSIZE"), 5);
+    EXPECT_EQ(vars.getText(L"HPNAME"), L"ANSI31");
+    vars.reset();
 }
 TEST(EdSysVars, are_asked_for_by_name) {
     EdSession user;

@@ -13,6 +13,10 @@ class Plate : public Sign {
 public:
     ACRX_DECLARE_MEMBERS(Plate);
 };
+class Rider : public Plate {
+public:
+    ACRX_DECLARE_MEMBERS(Rider);
+};
 HOST_RX_DEFINE(Sign, AcRxObject, L"SIGN")
 } // namespace
 class Frame : public AcRxObject {
@@ -21,6 +25,7 @@ public:
     virtual void draw() = 0;
 };
 ACRX_DXF_DEFINE_MEMBERS(Plate, Sign, 25, 3, 1, L"PLATE", L"Plates|by us")
+ACRX_DXF_DEFINE_MEMBERS(Rider, Plate, 25, 3, 1, L"RIDER", L"Plates|by us")
 ACRX_NO_CONS_DEFINE_MEMBERS(Frame, AcRxObject)
 
 TEST(RuntimeClass, a_host_class_is_registered_before_main) {
@@ -60,4 +65,38 @@ TEST(RuntimeClass, an_abstract_class_makes_nothing) {
     EXPECT_EQ(Frame::desc()->create(), nullptr);
     EXPECT_EQ(Frame::desc()->dxfName(), nullptr);
     deleteAcRxClass(Frame::desc());
+}
+
+namespace {
+// A module registers children before parents in places; the tree is completed afterwards.
+void loadRiders() {
+    Rider::rxInit();
+    Plate::rxInit();
+    acrxBuildClassHierarchy();
+}
+} // namespace
+TEST(RuntimeClass, a_class_that_comes_again_derives_from_the_parent_that_came_again) {
+    loadRiders();
+    const AcRxClass* const earlier = Plate::desc();
+    const Rider placedBefore;
+    deleteAcRxClass(Rider::desc());
+    deleteAcRxClass(Plate::desc());
+    loadRiders();
+    ASSERT_NE(Plate::desc(), earlier);
+    EXPECT_EQ(Rider::desc()->myParent(), Plate::desc());
+    EXPECT_TRUE(placedBefore.isKindOf(Plate::desc()));
+    EXPECT_TRUE(placedBefore.isKindOf(Sign::desc()));
+    deleteAcRxClass(Rider::desc());
+    deleteAcRxClass(Plate::desc());
+}
+TEST(RuntimeClass, a_class_that_was_left_behind_finds_its_parent_again_by_name) {
+    loadRiders();
+    AcRxClass* const left = Rider::desc();
+    deleteAcRxClass(Plate::desc());
+    EXPECT_EQ(left->myParent(), Sign::desc()); // meanwhile the parent's own
+    loadRiders();
+    EXPECT_EQ(Rider::desc(), left);
+    EXPECT_EQ(left->myParent(), Plate::desc());
+    deleteAcRxClass(Rider::desc());
+    deleteAcRxClass(Plate::desc());
 }

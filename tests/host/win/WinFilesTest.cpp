@@ -2,7 +2,9 @@
 #include "WinTestSupport.h"
 
 #include <gtest/gtest.h>
+#include <map>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -130,4 +132,32 @@ TEST_F(Files, a_status_tells_length_and_local_time) {
     EXPECT_EQ(winFormatTime(L"%y/%m/%d %H:%M:%S", status.modifiedLocal), L"01/09/09 03:46:40");
     EXPECT_EQ(winFormatTime(L"", status.modifiedLocal), L"");
     EXPECT_FALSE(winFileStatus((host + L"\\b").c_str(), status));
+}
+
+TEST_F(Files, a_search_tells_links_to_folders_from_folders) {
+    mkdir((folder + "/real").c_str(), 0777);
+    ASSERT_EQ(symlink("real", (folder + "/to_folder").c_str()), 0);
+    writeBytes(folder + "/a", "");
+    ASSERT_EQ(symlink("a", (folder + "/to_file").c_str()), 0);
+    ASSERT_EQ(symlink("nowhere", (folder + "/to_nothing").c_str()), 0);
+    std::map<std::wstring, DWORD> found;
+    WIN32_FIND_DATAW data;
+    const HANDLE search = FindFirstFileW((host + L"\\*.*").c_str(), &data);
+    do
+        found[data.cFileName] = data.dwFileAttributes;
+    while (FindNextFileW(search, &data));
+    FindClose(search);
+    EXPECT_EQ(found[L"real"], FILE_ATTRIBUTE_DIRECTORY);
+    EXPECT_EQ(found[L"to_folder"], FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT);
+    EXPECT_EQ(found[L"to_file"], FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(found.count(L"to_nothing"), 0u);
+}
+
+TEST_F(Files, a_real_path_has_no_links_on_its_way) {
+    mkdir((folder + "/real").c_str(), 0777);
+    ASSERT_EQ(symlink("real", (folder + "/link").c_str()), 0);
+    EXPECT_EQ(winRealPath((host + L"\\LINK").c_str()), winRealPath((host + L"\\real").c_str()));
+    EXPECT_NE(winRealPath((host + L"\\real").c_str()), L"");
+    EXPECT_EQ(winRealPath((host + L"\\none").c_str()), L"");
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
 }

@@ -28,6 +28,47 @@ TEST(ShellFolders, the_local_application_data_follow_the_environment) {
     EXPECT_NE(GetFileAttributesW(localAppData().c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
+namespace {
+// What becomes of a home; the path's text stays empty where there is no folder.
+HRESULT folderOfHome(const char* home) {
+    EnvironmentValue ofUser("HOME", home), data("XDG_DATA_HOME", nullptr), own("KORVANT_LOCALAPPDATA", nullptr);
+    wchar_t path[MAX_PATH] = L"?";
+    const HRESULT found = SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, path);
+    EXPECT_EQ(FAILED(found), path[0] == 0);
+    return found;
+}
+} // namespace
+
+TEST(ShellFolders, a_user_without_a_home_of_his_own_has_none) {
+    const std::string absent = testTempPath() + "/nobody";
+    for (const char* home : {static_cast<const char*>(nullptr), "", "/", "//", absent.c_str()})
+        EXPECT_EQ(folderOfHome(home), HRESULT_FROM_WIN32(ERROR_ENVVAR_NOT_FOUND)) << (home == nullptr ? "no HOME" : home);
+    EXPECT_EQ(GetFileAttributesW(hostForm(absent).c_str()), INVALID_FILE_ATTRIBUTES); // it is not made for him
+}
+
+TEST(ShellFolders, a_path_too_long_for_the_buffer_is_told_and_nothing_of_it_is_made) {
+    const std::string begin = testTempPath() + "/" + std::string(200, 'a');
+    EnvironmentValue own("KORVANT_LOCALAPPDATA", (begin + "/" + std::string(100, 'b')).c_str());
+    wchar_t path[MAX_PATH] = L"?";
+    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, path), HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE));
+    EXPECT_EQ(GetFileAttributesW(hostForm(begin).c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(ShellFolders, a_folder_that_cannot_be_made_or_named_is_told) {
+    const std::string folder = testTempPath();
+    writeBytes(folder + "/file", "x");
+    for (const std::string& name : {folder + "/file/data", folder + "/back\\slash"}) {
+        EnvironmentValue own("KORVANT_LOCALAPPDATA", name.c_str());
+        wchar_t path[MAX_PATH] = L"?";
+        EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, 0, path), HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));
+    }
+}
+
+TEST(ShellFolders, a_relative_folder_is_given_in_full) {
+    EnvironmentValue own("KORVANT_LOCALAPPDATA", ".");
+    EXPECT_EQ(localAppData().front(), L'\\');
+}
+
 TEST(ShellFolders, an_unknown_folder_id_fails) {
     wchar_t path[MAX_PATH] = L"?";
     EXPECT_TRUE(FAILED(SHGetFolderPathW(nullptr, 5, nullptr, 0, path)));

@@ -282,3 +282,92 @@ TEST(AppSettings, the_sections_of_the_defaults_file_stand_behind_an_empty_line) 
         EXPECT_NE(saved.find(std::wstring(L"\n\n") + section + L"\n"), std::wstring::npos) << acToUtf8(section);
     EXPECT_EQ(std::count(saved.begin(), saved.end(), L'\n'), 2 + 7 * 2 + 28); // the version, seven sections, 28 keys
 }
+
+// ---- letters beyond the code page, users without a folder, installations that are gone
+
+TEST(AppSettings, a_path_of_any_letters_survives_saving) {
+    const std::wstring path = testTempDir() + L"/settings.ini";
+    for (const wchar_t* value : {L"C:\\Παράδειγμα\\defaults.ini", L"/home/Иванов 😀/x ", L"<U+0041>", L"Őrült?"}) {
+        ASSERT_TRUE(loadAppSettings(writeFile(L"KEY=1\n")));
+        setAppString(DEFAULTS_INI_PATH, value);
+        ASSERT_TRUE(saveAppSettings(path));
+        ASSERT_TRUE(loadAppSettings(path));
+        EXPECT_EQ(getAppString(DEFAULTS_INI_PATH), value) << acToUtf8(value);
+    }
+}
+
+TEST(AppSettings, a_path_whose_line_would_be_read_in_pieces_reads_as_not_set) {
+    const std::wstring path = testTempDir() + L"/settings.ini";
+    ASSERT_TRUE(loadAppSettings(writeFile(L"KEY=1\n")));
+    setAppString(DEFAULTS_INI_PATH, std::wstring(150, L'ж'));
+    setAppString(APP_TABLES_COMPL_DIR, L"kept");
+    ASSERT_TRUE(saveAppSettings(path));
+    ASSERT_TRUE(loadAppSettings(path));
+    EXPECT_EQ(getAppString(DEFAULTS_INI_PATH), L"");
+    EXPECT_EQ(getAppString(APP_TABLES_COMPL_DIR), L"kept");
+}
+
+TEST_F(UserFolder, a_user_without_one_has_no_settings_file_and_nothing_is_written) {
+    setenv("KORVANT_LOCALAPPDATA", "/", 1);
+    EXPECT_EQ(perUserFolder(), L"");
+    EXPECT_EQ(settingsFilePath(), L"");
+    EXPECT_FALSE(saveAppSettings(settingsFilePath()));
+    EXPECT_EQ(GetFileAttributesW(L"\\Korvant 2018"), INVALID_FILE_ATTRIBUTES);
+}
+
+namespace {
+class AbsentLibrary : public UserFolder {
+protected:
+    void SetUp() override {
+        UserFolder::SetUp();
+        mRunning = moduleDirectory();
+        mRunning.pop_back();
+        for (const wchar_t* name : {L"\\library", L"\\library\\Táblák", L"\\library\\Lámpák", L"\\mine"})
+            CreateDirectoryW((mRunning + name).c_str(), nullptr);
+        install(mRunning + L"\\library");
+    }
+    // The installation's settings, as the place they were installed in had it.
+    void install(const std::wstring& library) {
+        writeFile(L"VERSION_NUMBER=7\nAPP_TABLES_BASE_PATH=" + library + L"\\Táblák\nAPP_LAMPS_BASE_PATH=" + library + L"\\Lámpák\n", L"settings.ini", mRunning + L"\\bin");
+    }
+    std::wstring start(const std::wstring& lines) {
+        EXPECT_TRUE(loadAppSettings(writeFile(L"VERSION_NUMBER=7\n" + lines)));
+        return substituteAbsentLibraries();
+    }
+    std::wstring mRunning;
+};
+} // namespace
+
+TEST_F(AbsentLibrary, falls_back_to_the_folder_of_the_running_installation) {
+    EXPECT_EQ(start(L"APP_TABLES_BASE_PATH=\\old\\Táblák\nAPP_LAMPS_BASE_PATH=" + mRunning + L"\\mine\n"), L"\\old\\Táblák");
+    EXPECT_EQ(libraryFolder(APP_TABLES_BASE_PATH), mRunning + L"\\library\\Táblák");
+    EXPECT_EQ(libraryFolder(APP_LAMPS_BASE_PATH), mRunning + L"\\mine"); // it stands
+}
+
+TEST_F(AbsentLibrary, the_table_keeps_what_the_user_set) {
+    start(L"APP_TABLES_BASE_PATH=\\old\\Táblák\n");
+    EXPECT_EQ(getAppString(APP_TABLES_BASE_PATH), L"\\old\\Táblák");
+    const std::wstring path = testTempDir() + L"/saved.ini";
+    ASSERT_TRUE(saveAppSettings(path));
+    EXPECT_NE(readBack(path).find(L"APP_TABLES_BASE_PATH=\\old\\Táblák\n"), std::wstring::npos);
+    setAppString(APP_TABLES_BASE_PATH, L"\\new"); // counts at once, as any setting does
+    EXPECT_EQ(libraryFolder(APP_TABLES_BASE_PATH), L"\\new");
+}
+
+TEST_F(AbsentLibrary, an_installation_that_was_moved_is_found_beside_the_module) {
+    install(L"\\where\\it\\was");
+    EXPECT_EQ(start(L"APP_TABLES_BASE_PATH=\\where\\it\\was\\Táblák\n"), L"\\where\\it\\was\\Táblák");
+    EXPECT_EQ(libraryFolder(APP_TABLES_BASE_PATH), mRunning + L"\\library\\Táblák");
+}
+
+TEST_F(AbsentLibrary, a_path_that_is_not_set_or_has_nothing_to_stand_for_it_stays) {
+    EXPECT_EQ(start(L"APP_TABLES_BASE_PATH=\nAPP_BLOCK_BASE_PATH=\\old\\Jelek\n"), L"");
+    EXPECT_EQ(libraryFolder(APP_TABLES_BASE_PATH), L"");
+    EXPECT_EQ(libraryFolder(APP_BLOCK_BASE_PATH), L"\\old\\Jelek");
+}
+
+TEST_F(AbsentLibrary, the_next_load_begins_without_substitutes) {
+    start(L"APP_TABLES_BASE_PATH=\\old\\Táblák\n");
+    ASSERT_TRUE(loadAppSettings(writeFile(L"VERSION_NUMBER=7\nAPP_TABLES_BASE_PATH=\\old\\Táblák\n")));
+    EXPECT_EQ(libraryFolder(APP_TABLES_BASE_PATH), L"\\old\\Táblák");
+}

@@ -180,3 +180,16 @@ TEST_F(DocSettings, a_text_setting_under_which_no_text_lies_reads_empty) {
     EXPECT_EQ(getDocString(DOC_ANNO_LINE_TYPE), L"");
     EXPECT_EQ(getDocString(DOC_POST_DEFAULT_DWG), L"");
 }
+
+TEST_F(DocSettings, reading_a_setting_makes_no_drawing_one_that_has_to_be_saved) {
+    database().markSaved();
+    getDocDouble(DOC_ANNO_HEIGHT);
+    getDocInt(DOC_CURRENT_SCALE);
+    getDocString(DOC_ANNO_TYPE);
+    EXPECT_TRUE(hasDictionary(TRFC_DOC_DATA));
+    EXPECT_FALSE(database().hasChangedSinceSave());
+    setDocDouble(DOC_ANNO_HEIGHT, 0.005);
+    EXPECT_TRUE(database().hasChangedSinceSave());
+    getDocInt(DOC_POST_DEFAULT_TYPE);
+    EXPECT_TRUE(database().hasChangedSinceSave()); // what the user changed before is not forgotten
+}

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
 #include <memory>
 
 namespace {
@@ -169,4 +170,19 @@ TEST_F(StateChangeDlg, help_opens_its_topic) {
     run();
     ASSERT_FALSE(winOpenedDocuments().empty());
     EXPECT_TRUE(winOpenedDocuments().back().ends_with(L"help\\Korvant.chm::/StateChange.html"));
+}
+
+TEST_F(StateChangeDlg, a_cancelled_window_keeps_nothing_behind) {
+    const auto cancel = [this](int times) {
+        for (int i = 0; i < times; ++i) {
+            user.does(L"@cancel");
+            run();
+        }
+    };
+    cancel(50); // what is made once and kept
+    const std::size_t before = mallinfo2().uordblks;
+    cancel(200);
+    const std::size_t after = mallinfo2().uordblks;
+    constexpr std::size_t kOwnRecord = 1024; // what this test itself notes of each window; the pictures alone are four times that
+    EXPECT_LT(after, before + 200 * kOwnRecord) << "bytes a window: " << (after - before) / 200;
 }

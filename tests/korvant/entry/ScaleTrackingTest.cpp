@@ -135,6 +135,19 @@ TEST_F(ScaleTracking, a_load_brings_the_settings_in_line_with_the_annotation_sca
     EXPECT_EQ(currentScale(), denominatorOf(*current));
 }
 
+TEST_F(ScaleTracking, what_a_load_brings_in_line_is_no_change_of_the_users) {
+    TrfcDocSettings::setDocInt(DOC_CURRENT_SCALE, 77);
+    mDatabase->markSaved();
+    synchroniseScales();
+    EXPECT_NE(currentScale(), 77);
+    EXPECT_FALSE(mDatabase->hasChangedSinceSave());
+    const std::unique_ptr<AcDbAnnotationScale> current(mDatabase->cannoscale());
+    switchScale(*current); // as the user's own change of the scale does
+    EXPECT_TRUE(mDatabase->hasChangedSinceSave());
+    synchroniseScales();
+    EXPECT_TRUE(mDatabase->hasChangedSinceSave());
+}
+
 // ---- an earlier list
 namespace {
 class EarlierList : public ScaleTracking {
@@ -162,6 +175,16 @@ TEST_F(EarlierList, a_cancelled_comparison_keeps_the_list_and_comes_back_at_the_
     EXPECT_FALSE(scales().hasContext(L"KV 1 : 300"));
     synchroniseScales();
     EXPECT_EQ(list(), kList);
+}
+
+TEST_F(EarlierList, a_confirmed_comparison_is_a_change_of_the_users_and_a_cancelled_one_is_not) {
+    mDatabase->markSaved();
+    user.does(L"@cancel");
+    synchroniseScales();
+    EXPECT_FALSE(mDatabase->hasChangedSinceSave());
+    user.does(L"@ok");
+    synchroniseScales();
+    EXPECT_TRUE(mDatabase->hasChangedSinceSave());
 }
 
 TEST_F(EarlierList, whatever_becomes_of_the_comparison_the_drawings_scale_is_followed) {
