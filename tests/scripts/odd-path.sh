@@ -29,7 +29,14 @@ copy_to "$foreign" "$folder/link/home/library"
 ln -s "$foreign" "$folder/link"
 cases "$folder/link"
 
-# The settings are written for either.
-bash "$checkout/library/build-home.sh" "$checkout/install" "$folder/x & y|ő" || failed=1
-iconv -f CP1250 -t UTF-8 "$folder/x & y|ő/bin/settings.ini" | tr '\\' / | grep -qF "APP_TABLES_BASE_PATH=$folder/x & y|ő/library/Táblák" || { echo "FAILED: the library's place"; failed=1; }
+# The settings name the folder itself, and the link to it only where they have no letters for the folder.
+names() { # HOME EXPECTED: what an installation at HOME gives as the library's place
+  mkdir -p "$(realpath -m "$1")"
+  bash "$checkout/library/build-home.sh" "$checkout/install" "$1" || failed=1
+  iconv -f CP1250 -t UTF-8 "$1/bin/settings.ini" | tr '\\' / | grep -qF "APP_TABLES_BASE_PATH=$2/library/Táblák" || { echo "FAILED: the library's place at $1"; failed=1; }
+}
+names "$folder/x & y|ő" "$folder/x & y|ő"
+ln -s "$folder/x & y|ő" "$folder/second"
+names "$folder/second" "$folder/x & y|ő"
+names "$folder/link/new" "$folder/link/new"
 exit $failed

@@ -16,7 +16,7 @@ mkdir -p data
 module="$(head_value module)" # one of the test modules, copied beside the case
 [ -z "$module" ] || cp "$(dirname "$(dirname "$console")")/test_modules/$module.arx" . || exit 1
 # shellcheck disable=SC2086
-"$console" $args -s "$case" >printed 2>errors
+"$console" $args -s "$case" >printed 2>errors </dev/null
 actual=$?
 build="$(cd "$(dirname "$console")/.." && pwd)"
 literally() { printf '%s' "$1" | sed 's/[][\\.^$*+?(){}|]/\\&/g'; } # as a pattern of sed -E
