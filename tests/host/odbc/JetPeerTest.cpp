@@ -1,6 +1,7 @@
 // Independent readers agree with what was written, value for value: mdbtools and npm's mdb-reader.
 #include "JetTestSupport.h"
 #include "TestShell.h"
+#include "TestSupport.h"
 
 #include <bit>
 #include <gtest/gtest.h>
