@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # build-home.sh INSTALL HOME: copies what an installation folder holds and writes the library's place
-# into settings.ini, whose text is in the code page Windows-1250.
+# into settings.ini.
 set -euo pipefail
 install="$1" home="$2"
 mkdir -p "$home"
 cp -r "$install"/. "$home"/
-library="$(printf '%s' "$home/library" | sed 's|/|\\\\|g' | iconv -f UTF-8 -t CP1250)"
-LC_ALL=C sed "s|@LIBRARY@|$library|" "$install/bin/settings.ini" >"$home/bin/settings.ini"
+# A build through a link (script/plain-path) names the folder itself, unless the settings have no letters for it.
+place="$(cd "$home" && pwd -P)"
+printf '%s' "$place" | iconv -f UTF-8 -t CP1250 >/dev/null 2>&1 || place="$home"
+bash "$(dirname "$0")/place-library.sh" "$install/bin/settings.ini" "$place/library" >"$home/bin/settings.ini"

@@ -1,4 +1,5 @@
 # Sourced by cases that change an installation. Needs $console; sets $folder, which goes with the script.
+checkout="$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)"
 home="$(cd "$(dirname "$console")/../home" && pwd)"
 folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
@@ -8,10 +9,7 @@ begin() { # NAME: goes to a folder with a fresh installation, whose settings nam
   cp -r "$home/." "$folder/$1/home/"
   cd "$folder/$1" || exit 1
   export KORVANT_HOME="$PWD/home" KORVANT_LOCALAPPDATA="$PWD/data"
-  local from to # paths in the settings stand with backslashes, in the single-byte code page
-  from="$(printf %s "$home" | sed 's|/|\\\\|g')"
-  to="$(printf %s "$PWD/home" | sed 's|/|\\\\|g')"
-  LC_ALL=C sed -i "s|$from|$to|" home/bin/settings.ini
+  bash "$checkout/library/place-library.sh" "$checkout/install/bin/settings.ini" "$PWD/home/library" >home/bin/settings.ini
 }
 fail() { echo "FAILED ($(basename "$PWD")): $*"; cat printed errors; failed=1; }
 run() { # STATUS ARGS...: what it prints goes to the files "printed" and "errors"

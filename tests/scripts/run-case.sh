@@ -16,11 +16,14 @@ mkdir -p data
 module="$(head_value module)" # one of the test modules, copied beside the case
 [ -z "$module" ] || cp "$(dirname "$(dirname "$console")")/test_modules/$module.arx" . || exit 1
 # shellcheck disable=SC2086
-"$console" $args -s "$case" >printed 2>errors
+"$console" $args -s "$case" >printed 2>errors </dev/null
 actual=$?
+build="$(cd "$(dirname "$console")/.." && pwd)"
+literally() { printf '%s' "$1" | sed 's/[][\\.^$*+?(){}|]/\\&/g'; } # as a pattern of sed -E
+at=$'\x01' # a delimiter that no path holds
 # Folders differ from run to run and from machine to machine, and so do the two kinds of slash. Handles
 # follow from what a new drawing holds, which is no promise, and the time of a library file from the build.
-sed -E -e "s|\\\\|/|g" -e "s|$folder|FOLDER|g" -e "s|$(dirname "$(dirname "$console")")|BUILD|g" -e 's/(handle|PointerId|OwnershipId) [0-9A-F]+/\1 HANDLE/' -e 's/^([A-Z]+|Korvant .*) [0-9A-F]+$/\1 HANDLE/' \
+sed -E -e "s|\\\\|/|g" -e "s$at$(literally "$folder")${at}FOLDER${at}g" -e "s$at$(literally "$(realpath "$build")")${at}BUILD${at}g" -e "s$at$(literally "$build")${at}BUILD${at}g" -e 's/(handle|PointerId|OwnershipId) [0-9A-F]+/\1 HANDLE/' -e 's/^([A-Z]+|Korvant .*) [0-9A-F]+$/\1 HANDLE/' \
   -e 's#writeString "[0-9]+ [0-9]{2}/[0-9]{2}/[0-9]{2} [0-9:]{8}"#writeString "STAMP"#' printed | grep -E -- "${only:-}" >normal
 expected="${case%.scr}.expected"
 if [ "$accept" = --accept ]; then

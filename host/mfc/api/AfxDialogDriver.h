@@ -44,6 +44,6 @@ bool AfxIsDialogOpen();
 std::wstring AfxApplyDialogLine(const std::wstring& line);
 // Closes every open window by cancel; for the end of a run and of a test.
 void AfxCancelAllDialogs();
-// Makes the toolkit's application object where there is none yet; without a screen, or when
-// told so, on the platform that draws into memory. Windows call it themselves.
+// Makes the toolkit's application object where there is none yet; without an event loop, without a
+// screen, or when told so, on the platform that draws into memory. Windows call it themselves.
 void AfxInitToolkit(bool offscreen = false);

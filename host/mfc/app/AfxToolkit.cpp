@@ -1,6 +1,7 @@
 // The toolkit's application object and its few texts of its own, in Hungarian.
 #include "AfxDialogDriver.h"
 #include "app/AfxToolkitTexts.h"
+#include "driver/AfxDriverState.h"
 
 #include <QApplication>
 #include <QFont>
@@ -41,9 +42,13 @@ struct Toolkit {
     }
 };
 
+// Without an event loop nobody looks on, and a screen or platform that the environment names is not tried: one
+// that leads nowhere would end the program.
 void prepare(bool offscreen) {
-    if ((offscreen || !hasScreen()) && getenv("QT_QPA_PLATFORM") == nullptr)
+    if (offscreen || !afxUsesEventLoop() || (!hasScreen() && getenv("QT_QPA_PLATFORM") == nullptr)) {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        unsetenv("QT_QPA_PLATFORMTHEME"); // the themes of some desktops end a program that reaches no screen
+    }
 }
 } // namespace
 

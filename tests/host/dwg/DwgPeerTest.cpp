@@ -5,6 +5,7 @@
 #include "Drawings.h"
 #include "DwgCodec.h"
 #include "Samples.h"
+#include "TestShell.h"
 #include "TestSupport.h"
 
 #include <array>
@@ -25,7 +26,7 @@ bool hasPeer() {
 }
 // The peer's lines, one a drawing.
 std::string peerSees(const std::string& paths) {
-    const std::string command = "node '" + testSourceDir() + "/tests/host/dwg/peer.mjs' '" + modules() + "' " + paths + " 2>&1";
+    const std::string command = "node " + testShellWord(testSourceDir() + "/tests/host/dwg/peer.mjs") + " " + testShellWord(modules()) + " " + paths + " 2>&1";
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen(command.c_str(), "r"), ::pclose);
     std::string answer;
     std::array<char, 4096> buffer{};

@@ -1,5 +1,7 @@
 // Independent readers agree with what was written, value for value: mdbtools and npm's mdb-reader.
 #include "JetTestSupport.h"
+#include "TestShell.h"
+#include "TestSupport.h"
 
 #include <bit>
 #include <gtest/gtest.h>
@@ -133,7 +135,7 @@ TEST(JetPeer, mdb_reader_agrees_value_for_value) {
         GTEST_SKIP() << "node is not installed";
     const std::string path = peerFile();
     int status = -1;
-    const std::string lines = runProgram("node " + script + " " + path + " 2>&1", &status);
+    const std::string lines = runProgram("node " + testShellWord(script) + " " + path + " 2>&1", &status);
     ASSERT_EQ(status, 0) << lines;
     // One line a value: doubles as their 64 bits, texts and bytes in hexadecimal, "null", "true".
     std::string expected;
@@ -181,7 +183,7 @@ TEST(JetPeer, isql_reads_through_the_driver_of_mdbtools) {
 }
 
 TEST(JetPeer, mdbcheck_tells_clean_broken_and_foreign_files_apart) {
-    const std::string program = testBuildDir() + "/bin/mdbcheck ", path = peerFile();
+    const std::string program = testShellWord(testBuildDir() + "/bin/mdbcheck") + " ", path = peerFile();
     int status = -1;
     EXPECT_EQ(runProgram(program + path, &status), "");
     EXPECT_EQ(status, 0);

@@ -256,7 +256,9 @@ std::uint8_t* FileBytes::columnBytes(const std::string& table, const std::string
 
 std::string runProgram(const std::string& command, int* status) {
     std::string output;
-    FILE* pipe = ::popen(command.c_str(), "r");
+    // The tools take and print names in the letters of the locale, and isql dies without a home folder: a bare
+    // machine has set neither.
+    FILE* pipe = ::popen(("export LC_ALL=C.UTF-8 HOME=\"${HOME:-/}\"; " + command).c_str(), "r");
     if (pipe == nullptr)
         return output;
     char buffer[65536];

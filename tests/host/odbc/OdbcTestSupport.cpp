@@ -84,7 +84,8 @@ void writeFile(const std::wstring& path, const std::string& bytes) {
 }
 
 std::string printed(const std::string& command) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen((command + " 2>/dev/null").c_str(), "r"), ::pclose);
+    // As a user's shell has it: isql reads letters by the locale and dies without a home folder.
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen(("export LC_ALL=C.UTF-8 HOME=\"${HOME:-/}\"; " + command + " 2>/dev/null").c_str(), "r"), ::pclose);
     std::string text;
     char piece[4096];
     for (std::size_t count = 0; (count = std::fread(piece, 1, sizeof piece, pipe.get())) > 0;)

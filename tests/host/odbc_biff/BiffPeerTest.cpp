@@ -1,5 +1,6 @@
 // Independent readers see in our workbooks what we put in, cell for cell, doubles to the last bit.
 #include "BiffTables.h"
+#include "TestShell.h"
 #include "TestSupport.h"
 #include "biff/BiffReader.h"
 
@@ -16,8 +17,9 @@
 using odbc::ColumnKind;
 
 namespace {
-const std::string kHere = testSourceDir() + "/tests/host/odbc_biff/";
 const std::string kPython = "/usr/bin/python3 "; // Debian's, which has Debian's packages
+
+std::string dumper(const std::string& script) { return testShellWord(testSourceDir() + "/tests/host/odbc_biff/" + script) + " "; }
 
 std::vector<std::string> linesOf(const std::string& command) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen((command + " 2>&1").c_str(), "r"), ::pclose);
@@ -159,7 +161,7 @@ std::string written(const std::vector<Table>& tables) {
 TEST(BiffPeer, xlrd_sees_every_cell_as_it_was_written) {
     ASSERT_TRUE(runs(kPython + "-c 'import xlrd'")) << "python3-xlrd is missing: run script/bootstrap";
     for (const auto& tables : {hardTables(), otherKinds(), longestTexts()})
-        EXPECT_EQ(difference(expectedLines(tables), linesOf(kPython + kHere + "xlrd-dump.py " + written(tables))), "");
+        EXPECT_EQ(difference(expectedLines(tables), linesOf(kPython + dumper("xlrd-dump.py") + written(tables))), "");
 }
 
 TEST(BiffPeer, freexl_sees_every_cell_as_it_was_written) {
@@ -171,7 +173,7 @@ TEST(BiffPeer, the_npm_package_xlsx_sees_every_cell_as_it_was_written) {
     if (!std::filesystem::exists(modules() + "/xlsx") || !runs("node --version"))
         GTEST_SKIP() << "skipped: the package xlsx is not installed";
     for (const auto& tables : {hardTables(), otherKinds(), longestTexts()})
-        EXPECT_EQ(difference(expectedLines(tables), linesOf("node " + kHere + "xlsx-dump.cjs " + modules() + " " + written(tables))), "");
+        EXPECT_EQ(difference(expectedLines(tables), linesOf("node " + dumper("xlsx-dump.cjs") + testShellWord(modules()) + " " + written(tables))), "");
 }
 
 // It is asked to save what it saw as a workbook of its own, since its other formats round numbers; so this is also
@@ -182,7 +184,7 @@ TEST(BiffPeer, LibreOffice_sees_every_cell_as_it_was_written_and_its_workbook_co
     for (const auto& tables : {hardTables(false), longestTexts()}) {
         const std::string path = written(tables), folder = testTempPath();
         ASSERT_TRUE(runs("soffice -env:UserInstallation=file://" + folder + "/profile --headless --convert-to xls --outdir " + folder + "/saved " + path));
-        EXPECT_EQ(difference(expectedLines(tables), linesOf(kPython + kHere + "xlrd-dump.py " + folder + "/saved/peer.xls")), "");
+        EXPECT_EQ(difference(expectedLines(tables), linesOf(kPython + dumper("xlrd-dump.py") + folder + "/saved/peer.xls")), "");
         KeepingSink sink;
         odbc::readBiff(folder + "/saved/peer.xls", sink);
         EXPECT_EQ(difference(expectedLines(tables), expectedLines(sink.tables)), "");
@@ -193,7 +195,7 @@ TEST(BiffPeer, a_small_workbook_opens_too) { // its stream lies among the small 
     const std::vector<Table> tables{{{"SETTINGS", {text("NEV"), text("ERTEK")}}, {{"VERSION", "11.0.0"}}}};
     const std::string path = written(tables);
     EXPECT_EQ(difference(expectedLines(tables), freexlLines(path)), "");
-    EXPECT_EQ(difference(expectedLines(tables), linesOf(kPython + kHere + "xlrd-dump.py " + path)), "");
+    EXPECT_EQ(difference(expectedLines(tables), linesOf(kPython + dumper("xlrd-dump.py") + path)), "");
 }
 
 TEST(BiffPeer, a_full_sheet_opens_too) {
@@ -202,5 +204,5 @@ TEST(BiffPeer, a_full_sheet_opens_too) {
         table.rows.push_back({static_cast<double>(i), "sor " + std::to_string(i % 1000)});
     const std::string path = written({table});
     EXPECT_EQ(difference(expectedLines({table}), freexlLines(path)), "");
-    EXPECT_EQ(difference(expectedLines({table}), linesOf(kPython + kHere + "xlrd-dump.py " + path)), "");
+    EXPECT_EQ(difference(expectedLines({table}), linesOf(kPython + dumper("xlrd-dump.py") + path)), "");
 }
