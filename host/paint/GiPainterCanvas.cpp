@@ -21,8 +21,8 @@ struct PathPen {
     void arcTo(const GiOutlineArc& arc) {
         giSplitArc(arc, std::numbers::pi / 2.0, [&](double from, double to) {
             const double reach = 4.0 / 3.0 * std::tan((to - from) / 4.0);
-            path.cubicTo(pointOf(arc.at(from) + arc.slopeAt(from) * reach), pointOf(arc.at(to) - arc.slopeAt(to) * reach),
-                         pointOf(arc.at(to)));
+            path.cubicTo(pointOf(arc.at(from) + arc.slopeAt(from) * reach),
+                         pointOf(arc.at(to) - arc.slopeAt(to) * reach), pointOf(arc.at(to)));
         });
     }
     void close() { path.closeSubpath(); }

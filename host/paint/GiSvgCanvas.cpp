@@ -35,8 +35,8 @@ std::string attribute(const char* name, const std::string& value) {
     return ' ' + std::string(name) + "=\"" + value + '"';
 }
 std::string box(double left, double top, double right, double bottom) {
-    return attribute("x", numberText(left)) + attribute("y", numberText(top)) + attribute("width", numberText(right - left)) +
-           attribute("height", numberText(bottom - top));
+    return attribute("x", numberText(left)) + attribute("y", numberText(top)) +
+           attribute("width", numberText(right - left)) + attribute("height", numberText(bottom - top));
 }
 
 // The perpendicular axes of the ellipse that the arc lies on.
@@ -45,7 +45,8 @@ struct Axes {
 };
 Axes axesOf(const GiOutlineArc& arc) {
     const AcGeVector2d &u = arc.major, &v = arc.minor;
-    const double t = 0.5 * std::atan2(2.0 * (u.x * v.x + u.y * v.y), u.x * u.x + u.y * u.y - v.x * v.x - v.y * v.y); // farthest out
+    const double t =
+        0.5 * std::atan2(2.0 * (u.x * v.x + u.y * v.y), u.x * u.x + u.y * u.y - v.x * v.x - v.y * v.y); // farthest out
     const AcGeVector2d longer = u * std::cos(t) + v * std::sin(t), shorter = v * std::cos(t) - u * std::sin(t);
     return {longer.length(), shorter.length(), std::atan2(longer.y, longer.x)};
 }
@@ -67,9 +68,11 @@ struct PathPen {
         if (axes.shorter < axes.longer * kThinnest)
             return chords(arc);
         const bool round = axes.longer - axes.shorter < axes.longer * 1.0e-6;
-        const bool clockwise = (arc.major.x * arc.minor.y - arc.major.y * arc.minor.x > 0.0) == (arc.end > arc.start); // Y runs down
+        const bool clockwise =
+            (arc.major.x * arc.minor.y - arc.major.y * arc.minor.x > 0.0) == (arc.end > arc.start); // Y runs down
         std::string start = "A" + numberText(axes.longer) + ' ' + numberText(axes.shorter) + ' ' +
-                            (round ? std::string("0") : numberText(axes.turn * 180.0 / std::numbers::pi, 4)) + " 0 " + (clockwise ? "1 " : "0 ");
+                            (round ? std::string("0") : numberText(axes.turn * 180.0 / std::numbers::pi, 4)) + " 0 " +
+                            (clockwise ? "1 " : "0 ");
         giSplitArc(arc, kWidestArc, [&](double, double to) {
             const AcGePoint2d p = arc.at(to);
             text += start;
@@ -130,12 +133,14 @@ void GiSvgCanvas::fillRect(double left, double top, double right, double bottom,
 
 void GiSvgCanvas::clip(double left, double top, double right, double bottom) {
     closeGroup();
-    mText += "<clipPath id=\"sheet\"><rect" + box(left, top, right, bottom) + "/></clipPath>\n<g clip-path=\"url(#sheet)\">\n";
+    mText += "<clipPath id=\"sheet\"><rect" + box(left, top, right, bottom) +
+             "/></clipPath>\n<g clip-path=\"url(#sheet)\">\n";
     mClipped = true;
 }
 
 void GiSvgCanvas::stroke(const GiOutline& outline, const GiPen& pen) {
-    useGroup(attribute("fill", "none") + attribute("stroke", colorText(pen.rgb)) + attribute("stroke-width", numberText(pen.width)));
+    useGroup(attribute("fill", "none") + attribute("stroke", colorText(pen.rgb)) +
+             attribute("stroke-width", numberText(pen.width)));
     if (!mPathOpen)
         mText += "<path d=\"";
     mPathOpen = true;

@@ -17,7 +17,8 @@ using GiArcRuns = std::vector<GiArcRun>; // in the order of rings and points, no
 
 class GiCurveSink : public GiPainterSink {
 public:
-    virtual void strokeCurved(const std::vector<AcGePoint3d>& points, bool closed, const GiArcRuns& arcs, const GiStyle& style) = 0;
+    virtual void strokeCurved(const std::vector<AcGePoint3d>& points, bool closed, const GiArcRuns& arcs,
+                              const GiStyle& style) = 0;
     virtual void fillCurved(const AcGiFillLoops& loops, const GiArcRuns& arcs, const GiStyle& style) = 0;
 };
 // What has no arcs comes as from the function for plain sinks.

@@ -10,12 +10,17 @@ namespace {
 using Dib = std::vector<Adesk::UInt8>;
 constexpr int kHeaderSize = 40 + 256 * 4;
 
-int widthOf(const Dib& dib) { return dib[4] + 256 * dib[5]; }
-int heightOf(const Dib& dib) { return dib[8] + 256 * dib[9]; }
+int widthOf(const Dib& dib) {
+    return dib[4] + 256 * dib[5];
+}
+int heightOf(const Dib& dib) {
+    return dib[8] + 256 * dib[9];
+}
 // Brightness, 0 to 255, of a place counted from the lower left corner.
 int grayAt(const Dib& dib, int x, int y) {
     const std::size_t stride = (static_cast<std::size_t>(widthOf(dib)) + 3) / 4 * 4;
-    const std::size_t entry = 40 + 4 * std::size_t{dib[kHeaderSize + stride * static_cast<std::size_t>(y) + static_cast<std::size_t>(x)]};
+    const std::size_t entry =
+        40 + 4 * std::size_t{dib[kHeaderSize + stride * static_cast<std::size_t>(y) + static_cast<std::size_t>(x)]};
     return (dib[entry] + dib[entry + 1] + dib[entry + 2]) / 3;
 }
 // Dark places in the middle of the picture, where the frame of the drawings below does not come.
@@ -36,7 +41,8 @@ void add(AcDbDatabase& db, std::unique_ptr<AcDbEntity> entity) {
 Dib previewWith(const wchar_t* value, bool invisible = false) {
     AcDbDatabase db;
     auto box = std::make_unique<AcDbPolyline>();
-    for (const AcGePoint2d& corner : {AcGePoint2d(-0.5, -0.5), AcGePoint2d(0.5, -0.5), AcGePoint2d(0.5, 0.5), AcGePoint2d(-0.5, 0.5)})
+    for (const AcGePoint2d& corner :
+         {AcGePoint2d(-0.5, -0.5), AcGePoint2d(0.5, -0.5), AcGePoint2d(0.5, 0.5), AcGePoint2d(-0.5, 0.5)})
         box->addVertexAt(box->numVerts(), corner);
     box->setClosed(true);
     add(db, std::move(box));

@@ -37,7 +37,9 @@ std::string bytesOf(const std::wstring& path) {
     text << file.rdbuf();
     return text.str();
 }
-std::string svgOf(const GiDisplayList& list) { return bytesOf(plotTo(L"curves.svg", list)); }
+std::string svgOf(const GiDisplayList& list) {
+    return bytesOf(plotTo(L"curves.svg", list));
+}
 // What the page of a PDF file draws, unpacked.
 std::string pdfPageOf(const GiDisplayList& list) {
     const std::string pdf = bytesOf(plotTo(L"curves.pdf", list));
@@ -52,10 +54,15 @@ std::string pdfPageOf(const GiDisplayList& list) {
 }
 int countOf(const std::string& text, const std::string& pattern) {
     const std::regex sought(pattern);
-    return static_cast<int>(std::distance(std::sregex_iterator(text.begin(), text.end(), sought), std::sregex_iterator()));
+    return static_cast<int>(
+        std::distance(std::sregex_iterator(text.begin(), text.end(), sought), std::sregex_iterator()));
 }
-int arcsIn(const std::string& svg) { return countOf(svg, "A[0-9.]+ [0-9.]+ "); }
-int linesIn(const std::string& svg) { return countOf(svg, "L-?[0-9]"); }
+int arcsIn(const std::string& svg) {
+    return countOf(svg, "A[0-9.]+ [0-9.]+ ");
+}
+int linesIn(const std::string& svg) {
+    return countOf(svg, "L-?[0-9]");
+}
 
 // Arcs under every kind of placing: turned, mirrored, drawn out, in a block, as areas and as lines.
 void drawCurves(AcGiWorldDraw& wd, AcGiDrawable& block) {
@@ -74,7 +81,8 @@ void drawCurves(AcGiWorldDraw& wd, AcGiDrawable& block) {
         AcGeMatrix3d drawnOut;
         drawnOut.entry[0][0] = i % 2 == 0 ? 1.0 : -1.6; // mirrored in every other
         drawnOut.entry[1][1] = 0.8 + 0.3 * i;
-        g.pushModelTransform(AcGeMatrix3d::translation({14.0 + 24 * i, 20, 0}) * AcGeMatrix3d::rotation(i * 0.7, up) * drawnOut);
+        g.pushModelTransform(AcGeMatrix3d::translation({14.0 + 24 * i, 20, 0}) * AcGeMatrix3d::rotation(i * 0.7, up) *
+                             drawnOut);
         g.draw(&block);
         g.popModelTransform();
     }
@@ -108,7 +116,8 @@ double differenceOf(const QImage& a, const QImage& b) {
 }
 void expectSeenAlike(const std::wstring& file, const std::string& command, const std::string& picture) {
     ASSERT_EQ(std::system((command + " >/dev/null 2>&1").c_str()), 0) << command;
-    const QImage theirs(QString::fromStdString(picture)), ours(QString::fromStdString(acFileSystemPath(plotTo(L"ours.png", curvesList()))));
+    const QImage theirs(QString::fromStdString(picture)),
+        ours(QString::fromStdString(acFileSystemPath(plotTo(L"ours.png", curvesList()))));
     ASSERT_FALSE(theirs.isNull()) << command;
     QImage onWhite(theirs.size(), QImage::Format_RGB32); // one of the programs leaves the ground clear
     onWhite.fill(Qt::white);
@@ -121,7 +130,9 @@ void expectSeenAlike(const std::wstring& file, const std::string& command, const
 } // namespace
 
 TEST(PlotCurves, a_circle_in_an_svg_is_three_arcs_of_its_radius) {
-    const std::string svg = svgOf(listOf([](AcGiWorldDraw& wd) { wd.geometry().circle({50, 30, 0}, 20.0, AcGeVector3d::kZAxis); }));
+    const std::string svg = svgOf(listOf([](AcGiWorldDraw& wd) {
+        wd.geometry().circle({50, 30, 0}, 20.0, AcGeVector3d::kZAxis);
+    }));
     EXPECT_EQ(countOf(svg, "A2000 2000 0 0 0 "), 3) << svg;
     EXPECT_NE(svg.find("M8350 3810A"), std::string::npos) << svg;
     EXPECT_NE(svg.find(" 8350 3810Z"), std::string::npos) << svg;
@@ -131,7 +142,8 @@ TEST(PlotCurves, a_circle_drawn_out_is_an_ellipse_in_an_svg) {
     const std::string svg = svgOf(listOf([](AcGiWorldDraw& wd) {
         AcGeMatrix3d drawnOut;
         drawnOut.entry[0][0] = 2.0;
-        wd.geometry().pushModelTransform(AcGeMatrix3d::translation({50, 30, 0}) * AcGeMatrix3d::rotation(kPi / 6.0, AcGeVector3d::kZAxis) * drawnOut);
+        wd.geometry().pushModelTransform(AcGeMatrix3d::translation({50, 30, 0}) *
+                                         AcGeMatrix3d::rotation(kPi / 6.0, AcGeVector3d::kZAxis) * drawnOut);
         wd.geometry().circle({0, 0, 0}, 10.0, AcGeVector3d::kZAxis);
     }));
     // Turned by 30 degrees to the left: Y runs down in the file.
@@ -151,7 +163,9 @@ TEST(PlotCurves, an_arc_runs_the_same_way_when_it_is_mirrored_twice) {
     EXPECT_EQ(countOf(drawn(true), "A2000 2000 0 0 1 "), 1);
 }
 TEST(PlotCurves, a_circle_seen_from_its_edge_is_a_line_to_its_ends) {
-    const std::string svg = svgOf(listOf([](AcGiWorldDraw& wd) { wd.geometry().circle({50, 30, 0}, 20.0, AcGeVector3d::kXAxis); }));
+    const std::string svg = svgOf(listOf([](AcGiWorldDraw& wd) {
+        wd.geometry().circle({50, 30, 0}, 20.0, AcGeVector3d::kXAxis);
+    }));
     EXPECT_EQ(arcsIn(svg), 0) << svg;
     EXPECT_NE(svg.find("6350 1810"), std::string::npos) << svg;
     EXPECT_NE(svg.find("6350 5808"), std::string::npos) << svg; // within the deviation of chords, 0.02 mm
@@ -164,7 +178,7 @@ TEST(PlotCurves, a_disc_in_a_pdf_is_four_cubic_curves) {
     EXPECT_EQ(countOf(page, " c\n"), 4) << page;
     EXPECT_LT(countOf(page, " l\n"), 8) << page; // the sheet and the clip
     // The control points of a quarter turn lie 0.5522847 of the radius from its ends.
-    EXPECT_NE(page.find("2705.43"), std::string::npos) << page; // 3810 - 2000 * 0.5522847
+    EXPECT_NE(page.find("2705.43"), std::string::npos) << page;  // 3810 - 2000 * 0.5522847
     EXPECT_NE(page.find("7454.569"), std::string::npos) << page; // 6350 + 2000 * 0.5522847
 }
 TEST(PlotCurves, a_dashed_circle_keeps_its_dashes_as_arcs) {
@@ -189,14 +203,17 @@ TEST(PlotCurves, a_dashed_circle_keeps_its_dashes_as_arcs) {
 TEST(PlotCurves, a_file_of_many_circles_does_not_grow_with_their_size) {
     const auto sizeOf = [](double radius) {
         return svgOf(listOf([&](AcGiWorldDraw& wd) {
-            for (int i = 0; i < 100; ++i)
-                wd.geometry().circle({50, 30, 0}, radius + i * 0.01, AcGeVector3d::kZAxis);
-        })).size();
+                   for (int i = 0; i < 100; ++i)
+                       wd.geometry().circle({50, 30, 0}, radius + i * 0.01, AcGeVector3d::kZAxis);
+               }))
+            .size();
     };
     EXPECT_LT(static_cast<double>(sizeOf(25.0)), static_cast<double>(sizeOf(2.0)) * 1.2);
 }
 TEST(PlotCurves, an_svg_is_cut_off_at_the_window) {
-    const std::string svg = svgOf(listOf([](AcGiWorldDraw& wd) { wd.geometry().circle({50, 30, 0}, 200.0, AcGeVector3d::kZAxis); }));
+    const std::string svg = svgOf(listOf([](AcGiWorldDraw& wd) {
+        wd.geometry().circle({50, 30, 0}, 200.0, AcGeVector3d::kZAxis);
+    }));
     EXPECT_NE(svg.find("clip-path=\"url(#sheet)\""), std::string::npos);
 }
 TEST(PlotCurves, another_program_sees_the_same_in_the_svg) {
