@@ -91,7 +91,7 @@ void drawCurvedBlock(AcGiWorldDraw& wd) {
     const AcGeVector3d up = AcGeVector3d::kZAxis;
     wd.subEntityTraits().setFillType(kAcGiFillAlways);
     wd.geometry().circularArc({0, 0, 0}, 6, up, AcGeVector3d::kXAxis, 2.2, kAcGiArcSector);
-    wd.geometry().circularArc({0, 0, 0}, 6, up, {0, -1, 0}, 1.2, kAcGiArcChord);
+    wd.geometry().circularArc({0, 0, 0}, 6, up, {1, -3, 0}, 1.2, kAcGiArcChord);
     wd.subEntityTraits().setColor(0);
     wd.geometry().circle({-3, 1, 0}, 2, up);
     wd.subEntityTraits().setFillType(kAcGiFillNever);
