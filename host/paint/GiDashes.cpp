@@ -9,18 +9,26 @@ constexpr double kMostPatterns = 100000.0;
 // Walks along the polyline, handing out the stretches that are drawn.
 class Walker {
 public:
-    Walker(const std::vector<AcGePoint2d>& points, const std::function<void(const std::vector<AcGePoint2d>&)>& dash)
+    Walker(const std::vector<AcGePoint2d>& points, const GiDashVisitor& dash)
         : mPoints(points), mDash(dash), mAt(points.front()) {}
     void draw(double length) {
         mPiece.assign(1, mAt);
+        const double from = place();
         advance(length, true);
         if (mPiece.size() == 1)
             mPiece.push_back(mAt);
-        mDash(mPiece);
+        mDash(mPiece, from, place());
     }
     void skip(double length) { advance(length, false); }
 
 private:
+    double place() const {
+        const double before = static_cast<double>(mNext - 1);
+        if (mNext >= mPoints.size())
+            return before;
+        const double length = mPoints[mNext - 1].distanceTo(mPoints[mNext]);
+        return length > 0.0 ? before + mPoints[mNext - 1].distanceTo(mAt) / length : before;
+    }
     void advance(double length, bool drawing) {
         while (length > 0.0 && mNext < mPoints.size()) {
             const AcGeVector2d rest = mPoints[mNext] - mAt;
@@ -37,7 +45,7 @@ private:
         }
     }
     const std::vector<AcGePoint2d>& mPoints;
-    const std::function<void(const std::vector<AcGePoint2d>&)>& mDash;
+    const GiDashVisitor& mDash;
     AcGePoint2d mAt;
     std::size_t mNext = 1;
     std::vector<AcGePoint2d> mPiece;
@@ -52,7 +60,7 @@ double lengthOf(const std::vector<AcGePoint2d>& points) {
 } // namespace
 
 bool giCutDashes(const std::vector<AcGePoint2d>& points, bool closed, const std::vector<double>& pattern,
-                 const std::function<void(const std::vector<AcGePoint2d>&)>& dash) {
+                 const GiDashVisitor& dash) {
     double period = 0.0;
     bool hasGap = false;
     for (const double part : pattern) {

@@ -1,9 +1,9 @@
-// Draws a display list with a QPainter. The one door for code that has a painter of its own, such
-// as a drawing window.
+// Draws a display list. The one door for code that has a painter or a canvas of its own, such as a drawing window.
 #pragma once
 
 #include "AcGiReceivers.h"
 
+class GiCanvas;
 class QPainter;
 
 constexpr double kGiWidestLineMm = 2.11; // the greatest line weight there is
@@ -31,6 +31,7 @@ struct GiPaintView {
 // The view that shows the box of lower and upper centred, as large as the rectangle allows.
 GiPaintView giFitView(const AcGePoint2d& lower, const AcGePoint2d& upper, double left, double top, double width,
                       double height);
+void paintDisplayList(GiCanvas& canvas, const GiDisplayList& list, const GiStyleResolver& resolver, const GiPaintView& view);
 // Leaves the painter's pen, brush and hints changed.
 void paintDisplayList(QPainter& painter, const GiDisplayList& list, const GiStyleResolver& resolver,
                       const GiPaintView& view);

@@ -3,10 +3,11 @@
 
 #include "AcPath.h"
 #include "AcUtText.h"
+#include "GiCanvas.h"
 #include "GiPaint.h"
 #include "GiPlotWriters.h"
 
-#include <QPainter>
+#include <QByteArray>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -61,14 +62,13 @@ struct Sheet {
         view.foregroundRgb = page.darkBackground ? 0xFFFFFF : 0x000000;
         return view;
     }
-    void operator()(QPainter& painter, double unitsPerMm) const {
-        painter.fillRect(QRectF(0.0, 0.0, page.widthMm * unitsPerMm, page.heightMm * unitsPerMm),
-                         QColor(QRgb(page.backgroundRgb | 0xFF000000u)));
+    void operator()(GiCanvas& canvas, double unitsPerMm) const {
+        canvas.fillRect(0.0, 0.0, page.widthMm * unitsPerMm, page.heightMm * unitsPerMm, page.backgroundRgb);
         const GiPaintView view = viewFor(unitsPerMm);
         // Half the widest line more, so that a line on the very edge keeps its weight.
         const double edge = kGiWidestLineMm / 2.0 * unitsPerMm;
-        painter.setClipRect(QRectF(QPointF(view.left - edge, view.top - edge), QPointF(view.right + edge, view.bottom + edge)));
-        paintDisplayList(painter, list, resolver, view);
+        canvas.clip(view.left - edge, view.top - edge, view.right + edge, view.bottom + edge);
+        paintDisplayList(canvas, list, resolver, view);
     }
 };
 

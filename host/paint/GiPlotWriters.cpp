@@ -1,15 +1,16 @@
-// Writes PDF, SVG and PNG through Qt, without anything that would differ from one run to the next.
+// Writes PDF and PNG through Qt and SVG by a canvas of our own, without anything that would differ from one run to the next.
 #include "GiPlotWriters.h"
 
+#include "GiPainterCanvas.h"
 #include "GiPlot.h"
+#include "GiSvgCanvas.h"
 
 #include <QBuffer>
-#include <QFont>
+#include <QColor>
 #include <QImage>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 
 #include <algorithm>
 #include <cmath>
@@ -49,7 +50,8 @@ QByteArray giWritePdf(const GiPlotPage& page, const GiSheetDrawer& draw) {
         QPainter painter;
         if (!painter.begin(&writer))
             return {};
-        draw(painter, kUnitsPerInch / kMmPerInch);
+        GiPainterCanvas canvas(painter, true);
+        draw(canvas, kUnitsPerInch / kMmPerInch);
     }
     QByteArray pdf = buffer.data();
     for (const char* entry : {"/Title", "/Creator", "/Producer", "/CreationDate"})
@@ -58,27 +60,10 @@ QByteArray giWritePdf(const GiPlotPage& page, const GiSheetDrawer& draw) {
 }
 
 QByteArray giWriteSvg(const GiPlotPage& page, const GiSheetDrawer& draw) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    {
-        const double perMm = kUnitsPerInch / kMmPerInch;
-        const QSize size(static_cast<int>(std::lround(page.widthMm * perMm)), static_cast<int>(std::lround(page.heightMm * perMm)));
-        QSvgGenerator generator;
-        generator.setOutputDevice(&buffer);
-        generator.setResolution(kUnitsPerInch);
-        generator.setSize(size);
-        generator.setViewBox(QRect(QPoint(0, 0), size));
-        generator.setTitle(QString());
-        generator.setDescription(QString());
-        QPainter painter;
-        if (!painter.begin(&generator))
-            return {};
-        QFont font(QStringLiteral("sans-serif")); // the writer names a font even where no text is
-        font.setPixelSize(100);
-        painter.setFont(font);
-        draw(painter, perMm);
-    }
-    return buffer.data();
+    const double perMm = kUnitsPerInch / kMmPerInch;
+    GiSvgCanvas canvas(page.widthMm, page.heightMm, perMm);
+    draw(canvas, perMm);
+    return QByteArray::fromStdString(canvas.finish());
 }
 
 QByteArray giWritePng(const GiPlotPage& page, const GiSheetDrawer& draw) {
@@ -91,9 +76,11 @@ QByteArray giWritePng(const GiPlotPage& page, const GiSheetDrawer& draw) {
     const int dotsPerMetre = static_cast<int>(std::lround(page.dpi / kMmPerInch * 1000.0));
     image.setDotsPerMeterX(dotsPerMetre);
     image.setDotsPerMeterY(dotsPerMetre);
+    image.fill(QColor(QRgb(page.backgroundRgb | 0xFF000000u))); // the sheet may end within the last pixels
     {
         QPainter painter(&image);
-        draw(painter, page.dpi / kMmPerInch);
+        GiPainterCanvas canvas(painter);
+        draw(canvas, page.dpi / kMmPerInch);
     }
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);

@@ -3,6 +3,7 @@
 
 #include "AcUtText.h"
 #include "DbFields.h"
+#include "FillScope.h"
 #include "HatchLoops.h"
 #include "Listing.h"
 
@@ -149,6 +150,45 @@ private:
     double mElevation;
 };
 
+// A loop that goes once round a circle or an ellipse, in one piece or several.
+class WholeCurve : public DbLoopVisitor {
+public:
+    explicit WholeCurve(const AcDbHatch::Loop& loop) { dbWalkLoop(loop, *this); }
+    bool found() const { return mWhole && std::abs(std::abs(mSweep) - kTwoPi) < 1.0e-6; }
+    const DbEllipse& curve() const { return mCurve; }
+    void line(const AcGePoint2d& from, const AcGePoint2d& to) override { mWhole = mWhole && isSame(from.distanceTo(to)); }
+    void arc(const DbHatchArc& arc) override {
+        const DbEllipse& c = arc.curve;
+        if (mSweep == 0.0) {
+            mCurve = c;
+            mEnd = arc.from();
+        }
+        mWhole = mWhole && isSame(c.center.distanceTo(mCurve.center)) && isSame((c.major - mCurve.major).length()) &&
+                 isSame((c.minor - mCurve.minor).length()) && isSame(arc.from().distanceTo(mEnd));
+        mEnd = arc.to();
+        mSweep += (c.end - c.start) * (arc.backwards ? -1.0 : 1.0);
+    }
+    void spline(const AcDbHatch::Edge&) override { mWhole = false; }
+
+private:
+    bool isSame(double distance) const { return distance <= mCurve.major.length() * 1.0e-6; }
+    DbEllipse mCurve;
+    AcGePoint3d mEnd;
+    double mSweep = 0.0;
+    bool mWhole = true;
+};
+
+// Plates are discs more often than not. As a curve, a disc is round at any size at which it is shown.
+bool fillWhole(const DbEllipse& curve, const AcDbHatch& hatch, AcGiWorldDraw& worldDraw) {
+    const DbFillScope filled(worldDraw.subEntityTraits());
+    const DbPlane plane(hatch.normal());
+    const AcGePoint3d center = plane.point({curve.center.x, curve.center.y}, hatch.elevation());
+    if (curve.isCircular())
+        return !worldDraw.geometry().circle(center, curve.major.length(), plane.normal);
+    return !worldDraw.geometry().ellipticalArc(center, plane.normal, plane.x * curve.major.x + plane.y * curve.major.y,
+                                               curve.minor.length() / curve.major.length(), 0.0, kTwoPi);
+}
+
 bool fill(const DbRings& rings, const AcDbHatch& hatch, AcGiGeometry& geometry) {
     const DbPlane plane(hatch.normal());
     AcGiFillLoops loops(rings.size());
@@ -170,6 +210,9 @@ bool AcDbHatch::subWorldDraw(AcGiWorldDraw* worldDraw) {
             dbWalkLoop(loop, outline);
         return true;
     }
+    if (mSolid && mLoops.size() == 1)
+        if (const WholeCurve whole(mLoops.front()); whole.found())
+            return fillWhole(whole.curve(), *this, *worldDraw);
     const DbRings rings = dbFlattenLoops(mLoops, worldDraw->deviation());
     if (mSolid)
         return fill(rings, *this, geometry);

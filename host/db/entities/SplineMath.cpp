@@ -2,15 +2,18 @@
 #include "SplineMath.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace {
 constexpr int kHighestDegree = 25; // what drawing files allow
-constexpr int kDeepest = 12;       // halvings of a span
+constexpr int kDeepest = 12;       // halvings of a piece
 
 struct Weighted {
     double x = 0.0, y = 0.0, z = 0.0, w = 1.0;
+    AcGePoint3d point() const { return {x / w, y / w, z / w}; }
 };
+Weighted weighted(const AcGePoint3d& p, double w) {
+    return {p.x * w, p.y * w, p.z * w, w};
+}
 Weighted mix(const Weighted& a, const Weighted& b, double t) {
     return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t, a.z + (b.z - a.z) * t, a.w + (b.w - a.w) * t};
 }
@@ -22,34 +25,42 @@ double distanceToChord(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoi
     return p.distanceTo(a + chord * t);
 }
 
-// Halves a stretch until its quarters and its middle lie within the deviation of the chord.
+// Turns Bezier curves into chords: halves a curve until it keeps within the deviation of its chord. No finite number
+// of its points could tell that, but the control points can: with weights above zero the curve lies in their
+// convex hull, and the places within a distance of a segment are a convex set, so that a curve
+// whose control points lie there cannot leave it.
 class Sampler {
 public:
-    Sampler(const std::function<AcGePoint3d(double)>& curve, double deviation)
-        : mCurve(curve), mDeviation(deviation) {}
-    // At least two halvings, since a symmetric curve may meet its chord in the middle.
-    void stretch(double t0, double t1) {
+    explicit Sampler(double deviation) : mDeviation(deviation) {}
+    void append(const std::vector<Weighted>& bezier) {
         if (mPoints.empty())
-            mPoints.push_back(mCurve(t0));
-        halve(t0, mPoints.back(), t1, mCurve(t1), 0);
+            mPoints.push_back(bezier.front().point());
+        halve(bezier, 0);
     }
     std::vector<AcGePoint3d> take() { return std::move(mPoints); }
 
 private:
-    void halve(double t0, const AcGePoint3d p0, double t1, const AcGePoint3d p1, int depth) {
-        const double middle = (t0 + t1) / 2.0;
-        const AcGePoint3d p = mCurve(middle);
-        const bool straight = distanceToChord(p, p0, p1) <= mDeviation &&
-                              distanceToChord(mCurve((t0 + middle) / 2.0), p0, p1) <= mDeviation &&
-                              distanceToChord(mCurve((middle + t1) / 2.0), p0, p1) <= mDeviation;
-        if ((straight && depth >= 1) || depth >= kDeepest) {
-            mPoints.push_back(p1);
+    bool isFlat(const std::vector<Weighted>& bezier) const {
+        const AcGePoint3d first = bezier.front().point(), last = bezier.back().point();
+        for (std::size_t i = 1; i + 1 < bezier.size(); ++i)
+            if (!(distanceToChord(bezier[i].point(), first, last) <= mDeviation))
+                return false;
+        return true;
+    }
+    void halve(const std::vector<Weighted>& bezier, int depth) {
+        if (depth >= kDeepest || isFlat(bezier)) {
+            mPoints.push_back(bezier.back().point());
             return;
         }
-        halve(t0, p0, middle, p, depth + 1);
-        halve(middle, p, t1, p1, depth + 1);
+        std::vector<Weighted> left(bezier.size()), right = bezier;
+        for (std::size_t i = 0; i < bezier.size(); ++i) {
+            left[i] = right.front();
+            for (std::size_t j = 0; j + i + 1 < bezier.size(); ++j)
+                right[j] = mix(right[j], right[j + 1], 0.5);
+        }
+        halve(left, depth + 1);
+        halve(right, depth + 1);
     }
-    const std::function<AcGePoint3d(double)>& mCurve;
     double mDeviation;
     std::vector<AcGePoint3d> mPoints;
 };
@@ -78,35 +89,49 @@ bool DbNurbs::isValid() const {
            std::ranges::all_of(weights, [](double w) { return w > 0.0; });
 }
 
+namespace {
+// De Boor's rule in the span that begins at the knot, with a parameter of its own, `parameter(r)`, in each of the
+// rounds 1 to the degree. With one parameter in all rounds it gives the point there; mixed from the ends of
+// the span, the control points of the span's Bezier curve.
+template <class Parameter> Weighted deBoor(const DbNurbs& curve, std::size_t span, const Parameter& parameter) {
+    const auto p = static_cast<std::size_t>(curve.degree);
+    Weighted d[kHighestDegree + 1];
+    for (std::size_t j = 0; j <= p; ++j) {
+        const std::size_t i = span - p + j;
+        d[j] = weighted(curve.control[i], curve.weights.empty() ? 1.0 : curve.weights[i]);
+    }
+    for (std::size_t r = 1; r <= p; ++r)
+        for (std::size_t j = p; j >= r; --j) {
+            const double low = curve.knots[span - p + j], high = curve.knots[span + 1 + j - r];
+            d[j] = mix(d[j - 1], d[j], high > low ? (parameter(r) - low) / (high - low) : 0.0);
+        }
+    return d[p];
+}
+std::vector<Weighted> bezierOf(const DbNurbs& curve, std::size_t span) {
+    const auto p = static_cast<std::size_t>(curve.degree);
+    std::vector<Weighted> bezier;
+    for (std::size_t k = 0; k <= p; ++k) // k of the parameters are the span's end, the others its start
+        bezier.push_back(deBoor(curve, span, [&](std::size_t r) { return curve.knots[r <= k ? span + 1 : span]; }));
+    return bezier;
+}
+} // namespace
+
 AcGePoint3d DbNurbs::at(double t) const {
-    const auto p = static_cast<std::size_t>(degree);
     const double inside = std::clamp(t, startParameter(), endParameter());
     // The span that holds t; the last one that is not empty holds the end.
     const auto first = knots.begin() + degree, last = knots.begin() + static_cast<std::ptrdiff_t>(control.size());
     const auto above = inside >= *last ? std::lower_bound(first, last, inside) : std::upper_bound(first, last, inside);
     const auto span = static_cast<std::size_t>(above - knots.begin()) - 1;
-    Weighted d[kHighestDegree + 1];
-    for (std::size_t j = 0; j <= p; ++j) {
-        const std::size_t i = span - p + j;
-        const double w = weights.empty() ? 1.0 : weights[i];
-        d[j] = {control[i].x * w, control[i].y * w, control[i].z * w, w};
-    }
-    for (std::size_t r = 1; r <= p; ++r)
-        for (std::size_t j = p; j >= r; --j) {
-            const double low = knots[span - p + j], high = knots[span + 1 + j - r];
-            d[j] = mix(d[j - 1], d[j], high > low ? (inside - low) / (high - low) : 0.0);
-        }
-    return {d[p].x / d[p].w, d[p].y / d[p].w, d[p].z / d[p].w};
+    return deBoor(*this, span, [&](std::size_t) { return inside; }).point();
 }
 
 std::vector<AcGePoint3d> dbSampleNurbs(const DbNurbs& curve, double deviation) {
     if (!curve.isValid())
         return {};
-    const std::function<AcGePoint3d(double)> at = [&](double t) { return curve.at(t); };
-    Sampler sampler(at, usableDeviation(deviation, curve.control));
+    Sampler sampler(usableDeviation(deviation, curve.control));
     for (auto i = static_cast<std::size_t>(curve.degree); i < curve.control.size(); ++i)
-        if (curve.knots[i] < curve.knots[i + 1]) // a knot may break the curve's smoothness: chords end there
-            sampler.stretch(curve.knots[i], curve.knots[i + 1]);
+        if (curve.knots[i] < curve.knots[i + 1])
+            sampler.append(bezierOf(curve, i));
     return sampler.take();
 }
 
@@ -161,15 +186,11 @@ std::vector<AcGePoint3d> dbSampleFit(const std::vector<AcGePoint3d>& points, con
     if (through.size() < 2)
         return through;
     const std::vector<AcGeVector3d> tangents = dbFitTangents(through, start, end);
-    std::size_t i = 0;
-    const std::function<AcGePoint3d(double)> at = [&](double t) {
-        const double h = through[i].distanceTo(through[i + 1]), t2 = t * t, t3 = t2 * t;
-        const AcGeVector3d chord = through[i + 1] - through[i];
-        return through[i] + chord * (3.0 * t2 - 2.0 * t3) + tangents[i] * (h * (t3 - 2.0 * t2 + t)) +
-               tangents[i + 1] * (h * (t3 - t2));
-    };
-    Sampler sampler(at, usableDeviation(deviation, through));
-    for (; i + 1 < through.size(); ++i)
-        sampler.stretch(0.0, 1.0);
+    Sampler sampler(usableDeviation(deviation, through));
+    for (std::size_t i = 0; i + 1 < through.size(); ++i) {
+        const double third = through[i].distanceTo(through[i + 1]) / 3.0;
+        sampler.append({weighted(through[i], 1.0), weighted(through[i] + tangents[i] * third, 1.0),
+                        weighted(through[i + 1] - tangents[i + 1] * third, 1.0), weighted(through[i + 1], 1.0)});
+    }
     return sampler.take();
 }

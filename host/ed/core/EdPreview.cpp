@@ -15,15 +15,29 @@ GiDisplayList edDrawingPicture(AcDbDatabase& db, double deviation) {
     return builder.take();
 }
 namespace {
-// Previews show what a block drawn from the drawing would show: attribute definitions are left out.
+// An attribute definition as the text that a fresh reference to the drawing would bear there.
+void addFreshAttribute(const AcDbAttributeDefinition& definition, GiDisplayListBuilder& builder) {
+    if (definition.isInvisible())
+        return;
+    AcDbAttribute attribute;
+    attribute.setAttributeFromBlock(&definition, AcGeMatrix3d::kIdentity);
+    builder.add(attribute);
+}
+// Previews show what a block drawn from the drawing would show.
 GiDisplayList symbolPicture(AcDbDatabase& db, double deviation) {
     GiDisplayListBuilder builder(false, kAcGiStandardDisplay, deviation);
     const AcDbObjectPointer<AcDbBlockTableRecord> space(db.modelSpaceId());
     if (!space)
         return builder.take();
-    for (const AcDbObjectId id : space->entityIds())
-        if (const AcDbObjectPointer<AcDbEntity> entity(id); entity && !entity->isKindOf(AcDbAttributeDefinition::desc()))
+    for (const AcDbObjectId id : space->entityIds()) {
+        const AcDbObjectPointer<AcDbEntity> entity(id);
+        if (!entity)
+            continue;
+        if (const auto* const definition = AcDbAttributeDefinition::cast(entity.object()))
+            addFreshAttribute(*definition, builder);
+        else
             builder.add(*entity.object());
+    }
     return builder.take();
 }
 // Browsers of drawings cut a fifth off each side of a preview, so the picture keeps to its middle.

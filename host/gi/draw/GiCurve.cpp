@@ -33,6 +33,10 @@ bool giArcIsClosed(const GiArc& arc) {
     return arc.isFullTurn() || arc.type != kAcGiArcSimple;
 }
 
+bool giArcEndsInItsCenter(const GiArc& arc) {
+    return arc.type == kAcGiArcSector && !arc.isFullTurn();
+}
+
 void giAppendArcChords(const GiArc& arc, double deviation, std::vector<AcGePoint3d>& points) {
     const double sweep = arc.end - arc.start;
     const double radius = std::max(arc.major.length(), arc.minor.length());
@@ -49,7 +53,7 @@ void giAppendArcChords(const GiArc& arc, double deviation, std::vector<AcGePoint
         s = s * stepCos + c * stepSin;
         c = turned;
     }
-    if (arc.type == kAcGiArcSector && !arc.isFullTurn())
+    if (giArcEndsInItsCenter(arc))
         points.push_back(arc.center);
 }
 
@@ -59,7 +63,7 @@ void giAddArcExtents(const GiArc& arc, AcDbExtents& extents) {
     addStillPoints(arc, arc.major.x, arc.minor.x, extents);
     addStillPoints(arc, arc.major.y, arc.minor.y, extents);
     addStillPoints(arc, arc.major.z, arc.minor.z, extents);
-    if (arc.type == kAcGiArcSector && !arc.isFullTurn())
+    if (giArcEndsInItsCenter(arc))
         extents.addPoint(arc.center);
 }
 

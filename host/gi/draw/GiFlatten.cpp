@@ -1,5 +1,6 @@
 // Walks a display list through its instances and hands flat primitives to a sink.
 #include "GiCurve.h"
+#include "GiCurveSink.h"
 #include "GiStyleCache.h"
 #include "text/GiTextLayout.h"
 
@@ -13,8 +14,9 @@ bool apart(const AcDbExtents& a, const AcDbExtents& b) {
 
 class Flattener {
 public:
-    Flattener(const GiStyleResolver& resolver, double deviation, GiPainterSink& sink, const AcDbExtents* window)
-        : mStyles(resolver), mDeviation(deviation), mSink(sink), mWindow(window) {}
+    Flattener(const GiStyleResolver& resolver, double deviation, GiPainterSink& sink, GiCurveSink* curveSink, const AcDbExtents* window)
+        : mStyles(resolver), mDeviation(deviation), mSink(sink), mCurveSink(curveSink),
+          mWindow(window != nullptr && window->isValid() ? window : nullptr) {}
 
     struct Place {
         const AcGeMatrix3d& transform;
@@ -74,11 +76,26 @@ private:
         if (style == nullptr)
             return;
         mPoints.clear();
-        giAppendArcChords(giTransformed(shape, place.transform), mDeviation, mPoints);
-        if (giArcIsClosed(shape))
+        const GiArc arc = giTransformed(shape, place.transform);
+        giAppendArcChords(arc, mDeviation, mPoints);
+        if (mCurveSink != nullptr)
+            curve(arc, primitive, *style);
+        else if (giArcIsClosed(shape))
             area(mPoints, primitive, *style);
         else
             stroke(mPoints, false, *style);
+    }
+    // mPoints are the arc's chords.
+    void curve(const GiArc& arc, const GiPrimitive& primitive, const GiStyle& style) {
+        const std::size_t count = mPoints.size() - (giArcEndsInItsCenter(arc) ? 1 : 0);
+        mArcs.assign(1, {0, 0, arc.isFullTurn() ? count : count - 1, arc.center, arc.major, arc.minor, arc.start, arc.end});
+        if (outside(mPoints))
+            return;
+        const bool closed = giArcIsClosed(arc);
+        if (!closed || primitive.traits.fill == kAcGiFillNever)
+            return mCurveSink->strokeCurved(mPoints, closed, mArcs, style);
+        mLoops.assign(1, mPoints);
+        mCurveSink->fillCurved(mLoops, mArcs, style);
     }
     void draw(const GiFill& shape, const GiPrimitive& primitive, const Place& place) {
         const GiStyle* style = styleOf(primitive, place);
@@ -144,17 +161,27 @@ private:
     GiStyleCache mStyles;
     double mDeviation;
     GiPainterSink& mSink;
+    GiCurveSink* mCurveSink; // the same sink, where it draws curves
     const AcDbExtents* mWindow;
     std::unordered_map<const GiDisplayList*, AcDbExtents> mBoxes;
     std::vector<AcGePoint3d> mPoints; // kept between primitives to spare allocations
     AcGiFillLoops mLoops;
+    GiArcRuns mArcs;
 };
+
+void flatten(const GiDisplayList& list, Flattener flattener) {
+    const AcGeMatrix3d identity;
+    const GiInherited loose;
+    flattener.walk(list, {identity, loose, {}});
+}
 } // namespace
 
 void giFlatten(const GiDisplayList& list, const GiStyleResolver& resolver, double deviation, GiPainterSink& sink,
                const AcDbExtents* window) {
-    const AcGeMatrix3d identity;
-    const GiInherited loose;
-    const bool bounded = window != nullptr && window->isValid();
-    Flattener(resolver, deviation, sink, bounded ? window : nullptr).walk(list, {identity, loose, {}});
+    flatten(list, Flattener(resolver, deviation, sink, nullptr, window));
+}
+
+void giFlatten(const GiDisplayList& list, const GiStyleResolver& resolver, double deviation, GiCurveSink& sink,
+               const AcDbExtents* window) {
+    flatten(list, Flattener(resolver, deviation, sink, &sink, window));
 }

@@ -103,7 +103,7 @@ void CGsPreviewCtrl::show(AcArray<AcDbEntity*> drawables, AcArray<TrfcBlock*> bl
 void CGsPreviewCtrl::rebuild() {
     if (!canDraw())
         return;
-    GiDisplayListBuilder builder;
+    GiDisplayListBuilder builder(false, kAcGiStandardDisplay, deviation());
     AcGiGeometry& geometry = builder.worldDraw().geometry();
     geometry.pushModelTransform(mToView);
     for (int i = 0; i < mDrawables.length(); ++i)
@@ -116,6 +116,17 @@ void CGsPreviewCtrl::rebuild() {
         drawFrame(builder, *mBlocks[mSelected]);
     geometry.popModelTransform();
     setDisplayList(std::make_shared<const GiDisplayList>(builder.take()), mStyles.get());
+}
+
+// The picture fills the control, whatever its size in the drawing: a symbol one unit wide is round too.
+double CGsPreviewCtrl::deviation() const {
+    constexpr double kFinest = 2000.0; // of the picture's size; no preview has more pixels
+    AcDbExtents box;
+    for (AcDbEntity* const drawable : mDrawables)
+        if (const AcDbExtents own = giExtentsOf(*drawable); own.isValid())
+            box.addExt(own);
+    const double size = box.isValid() ? box.minPoint().distanceTo(box.maxPoint()) : 0.0;
+    return size > 0.0 ? size / kFinest : 0.01;
 }
 
 // Copies in one colour, so that by-layer and own colours of a library symbol light up as well.

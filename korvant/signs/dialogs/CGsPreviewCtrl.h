@@ -66,6 +66,7 @@ private:
     bool canDraw() const { return mStyles != nullptr; }
     void fitExtents();
     void rebuild();
+    double deviation() const; // of curves from their chords in the picture
     void applyView();
     void setHovered(int index);
     void drawHovered(GiDisplayListBuilder& builder, const AcDbEntity& entity) const;

@@ -167,6 +167,56 @@ TEST(Hatch, a_solid_one_fills_its_loops) {
     ASSERT_EQ(picture.primitives.size(), 1u);
     EXPECT_EQ(std::get<GiFill>(picture.primitives[0].shape).loops.size(), 2u);
 }
+// The one primitive that the hatch draws.
+GiPrimitive primitiveOf(Hatch& hatch) {
+    const GiDisplayList picture = pictureOf(hatch);
+    EXPECT_EQ(picture.primitives.size(), 1u);
+    return picture.primitives.at(0);
+}
+void expectDisc(Hatch& hatch, const AcGePoint3d& center, double radius) {
+    const GiPrimitive drawn = primitiveOf(hatch);
+    EXPECT_EQ(drawn.traits.fill, kAcGiFillAlways);
+    ASSERT_TRUE(std::holds_alternative<GiArc>(drawn.shape));
+    const GiArc& arc = std::get<GiArc>(drawn.shape);
+    expectPoint(arc.center, center);
+    EXPECT_NEAR(arc.major.length(), radius, 1e-9);
+    EXPECT_NEAR(arc.minor.length(), radius, 1e-9);
+    EXPECT_TRUE(arc.isFullTurn());
+}
+TEST(Hatch, a_solid_disc_is_drawn_as_a_circle_however_its_loop_is_made) {
+    Hatch whole, halves, thirds, backwards;
+    addEdges(whole, {arc({3, 4}, 0.5, 0.0, kTwoPi)});
+    expectDisc(whole, {3, 4, 0}, 0.5);
+    addRing(halves, {{2.5, 4}, {3.5, 4}}, {1.0, 1.0});
+    expectDisc(halves, {3, 4, 0}, 0.5);
+    addEdges(thirds, {arc({3, 4}, 0.5, 1.0, 2.0), arc({3, 4}, 0.5, 2.0, 5.0), arc({3, 4}, 0.5, 5.0, kTwoPi + 1.0)});
+    expectDisc(thirds, {3, 4, 0}, 0.5);
+    addEdges(backwards, {arc({3, 4}, 0.5, 0.0, kTwoPi, false)});
+    expectDisc(backwards, {3, 4, 0}, 0.5);
+}
+TEST(Hatch, a_solid_ellipse_is_drawn_as_one) {
+    Hatch hatch;
+    Hatch::Edge edge = arc({1, 2}, 0.0, 0.0, kTwoPi);
+    edge.kind = Hatch::Edge::kEllArc;
+    edge.majorAxis = {0.0, 4.0};
+    edge.ratio = 0.25;
+    addEdges(hatch, {edge});
+    const GiPrimitive drawn = primitiveOf(hatch);
+    ASSERT_TRUE(std::holds_alternative<GiArc>(drawn.shape));
+    expectBox(giExtentsOf(pictureOf(hatch)), {0, -2, 0}, {2, 6, 0});
+}
+TEST(Hatch, what_is_no_whole_circle_is_filled_by_its_loops) {
+    Hatch half, ring, overlapping, apart;
+    addRing(half, {{0, 0}, {1, 0}}, {1.0, 0.0});
+    EXPECT_TRUE(std::holds_alternative<GiFill>(primitiveOf(half).shape)) << "an arc and its chord";
+    addEdges(ring, {arc({0, 0}, 1.0, 0.0, kTwoPi)});
+    addEdges(ring, {arc({0, 0}, 0.5, 0.0, kTwoPi)});
+    EXPECT_TRUE(std::holds_alternative<GiFill>(primitiveOf(ring).shape)) << "a circle with a hole";
+    addEdges(overlapping, {arc({0, 0}, 1.0, 0.0, kPi), arc({0, 0}, 1.0, 0.0, kPi)});
+    EXPECT_TRUE(std::holds_alternative<GiFill>(primitiveOf(overlapping).shape)) << "a half twice";
+    addEdges(apart, {arc({0, 0}, 1.0, 0.0, kPi), arc({0.5, 0}, 1.5, kPi, kTwoPi)});
+    EXPECT_TRUE(std::holds_alternative<GiFill>(primitiveOf(apart).shape)) << "halves of two circles";
+}
 TEST(Hatch, only_solid_is_known_by_name) {
     Hatch hatch;
     EXPECT_EQ(hatch.setPattern(Hatch::kPreDefined, L"solid"), Acad::eOk);

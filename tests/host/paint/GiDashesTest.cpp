@@ -10,7 +10,7 @@ struct Pieces {
 };
 Pieces cut(const std::vector<AcGePoint2d>& points, const std::vector<double>& pattern, bool closed = false) {
     Pieces pieces;
-    pieces.cut = giCutDashes(points, closed, pattern, [&](const auto& piece) { pieces.list.push_back(piece); });
+    pieces.cut = giCutDashes(points, closed, pattern, [&](const auto& piece, double, double) { pieces.list.push_back(piece); });
     return pieces;
 }
 } // namespace

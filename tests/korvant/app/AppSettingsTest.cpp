@@ -55,9 +55,9 @@ TEST(AppSettings, a_line_that_begins_with_the_equals_sign_is_ignored) {
 }
 
 TEST(AppSettings, lines_of_two_characters_are_too_short_to_count) {
-    EXPECT_TRUE(loadAppSettings(writeFile(L"ab\na=\nab=\n")));
-    EXPECT_EQ(getAppString(L"a"), L"");
-    EXPECT_EQ(getAppString(L"ab"), L"");
+    EXPECT_EQ(appValue(L"a=1\na=\n", L"a"), L"1");
+    EXPECT_EQ(appValue(L"b=1\n  b= \t\n", L"b"), L"1") << "blanks about them do not count";
+    EXPECT_EQ(appValue(L"ab=1\nab=\n", L"ab"), L"") << "a third character does";
 }
 
 TEST(AppSettings, a_blank_before_the_semicolon_makes_a_key_line_of_a_comment) {

@@ -103,11 +103,6 @@ TEST_F(SignOrder, the_folder_orders_whole_groups_of_signs) {
     EXPECT_TRUE(isReported({L"1 elsőbbség\\A-01.dwg", L"2 veszély\\Z-99.dwg"}));
 }
 
-TEST_F(SignOrder, plates_that_were_added_without_automatic_order_are_reported) {
-    set(DOC_AUTO_ORDER_TABLES, L"0");
-    EXPECT_TRUE(isReported({L"1\\a.dwg", L"2\\b.dwg"}));
-}
-
 // ---- the report --------------------------------------------------------------------------------------
 TEST_F(SignOrder, each_post_at_fault_is_one_row_with_its_type_and_handle) {
     const AcDbObjectId first = addPost({L"a", L"b", L"c"});

@@ -3,6 +3,7 @@
 #include "AcUtText.h"
 #include "IndividualTable.h"
 #include "TrfcDocSettings.h"
+#include "checkSignOrder.h"
 
 #include <filesystem>
 
@@ -15,6 +16,19 @@ protected:
     // "Új tábla" with the choice of a sign by folder and title.
     void addsTable(const std::wstring& folder, const std::wstring& title) {
         user.does(L"@click 232").does(L"@select 300 \"" + folder + L"\"").does(L"@select 301 \"" + title + L"\"").does(L"@ok");
+    }
+    // Puts the post into the drawing, runs the check of the sign order, and tells whether its window stays with a fault.
+    bool isReportedByTheCheck() {
+        AcDbObjectPointer<AcDbBlockTableRecord> space(drawing.modelSpaceId(), AcDb::kForWrite);
+        AcDbObjectId id;
+        TrfcPost* const added = post.release();
+        EXPECT_EQ(space->appendAcDbEntity(id, added), Acad::eOk);
+        added->close();
+        space.close();
+        EXPECT_TRUE(checkSignOrder());
+        const bool reported = AfxIsDialogOpen();
+        AfxCancelAllDialogs();
+        return reported;
     }
 };
 std::wstring individualName(const AcGePoint3d& foot) {
@@ -154,6 +168,22 @@ TEST_F(ChainPage, a_new_sign_stays_on_top_where_the_automatic_order_is_off) {
     addsTable(L"Jelzés", L"D-040");
     runPage(kTables);
     EXPECT_EQ(tables(), (Titles{L"A-010", L"D-040"}));
+}
+
+TEST_F(ChainPage, signs_that_were_added_without_automatic_order_are_reported_by_the_check) {
+    TrfcDocSettings::setDocInt(DOC_AUTO_ORDER_TABLES, 0);
+    addsTable(L"Jelzés", L"A-010");
+    addsTable(L"Jelzés", L"D-040");
+    runPage(kTables);
+    EXPECT_TRUE(isReportedByTheCheck());
+}
+
+TEST_F(ChainPage, signs_that_were_added_with_automatic_order_pass_the_check) {
+    addsTable(L"Jelzés", L"A-010");
+    addsTable(L"Jelzés", L"D-040");
+    runPage(kTables);
+    user.does(L"@ok"); // the box that says that there is nothing
+    EXPECT_FALSE(isReportedByTheCheck());
 }
 
 TEST_F(ChainPage, a_sign_of_the_supplementary_folder_lands_below_its_main_sign_and_complements_it) {

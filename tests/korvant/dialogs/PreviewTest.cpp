@@ -192,6 +192,41 @@ TEST_F(Preview, the_symbol_of_an_empty_view_can_be_changed) {
     run();
 }
 
+TEST_F(Preview, a_ring_in_a_symbol_one_unit_wide_is_round_at_the_size_of_the_view) {
+    open(kTables);
+    user.sees([&] {
+        AcDbObjectId id;
+        AcDbObjectPointer<AcDbBlockTable> blocks(drawing.blockTableId(), AcDb::kForWrite);
+        auto record = std::make_unique<AcDbBlockTableRecord>();
+        record->setName(L"Gyűrű");
+        ASSERT_EQ(blocks->add(id, record.get()), Acad::eOk);
+        auto ring = std::make_unique<AcDbPolyline>();
+        ring->addVertexAt(0, {-0.4, 0.0}, 1.0, 0.1, 0.1);
+        ring->addVertexAt(1, {0.4, 0.0}, 1.0, 0.1, 0.1);
+        ring->setClosed(true);
+        ASSERT_EQ(record->appendAcDbEntity(ring.get()), Acad::eOk);
+        ring.release()->close();
+        record.release()->close();
+        preview().setBlockId(id);
+        int chords = 0;
+        const auto* const instance = std::get_if<GiInstance>(&preview().displayList()->primitives.at(0).shape);
+        ASSERT_NE(instance, nullptr);
+        for (const GiPrimitive& primitive : instance->picture->primitives)
+            for (const auto& loop : std::get<GiFill>(primitive.shape).loops)
+                for (std::size_t i = 1; i < loop.size(); ++i) {
+                    const AcGePoint3d middle = AcGePoint3d::kOrigin + ((loop[i - 1] - AcGePoint3d::kOrigin) + (loop[i] - AcGePoint3d::kOrigin)) * 0.5;
+                    const double radius = (loop[i] - AcGePoint3d::kOrigin).length();
+                    if (loop[i - 1].distanceTo(loop[i]) > 0.09)
+                        continue; // across the band
+                    EXPECT_LT((radius - (middle - AcGePoint3d::kOrigin).length()) / preview().pixelSize(), 0.5);
+                    ++chords;
+                }
+        EXPECT_GT(chords, 40);
+    });
+    user.does(L"@ok");
+    run();
+}
+
 TEST_F(Preview, what_is_edited_is_seen_at_once) {
     addTable(L"Teli\\Kék.dwg");
     open(kTables);
