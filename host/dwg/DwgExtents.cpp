@@ -2,6 +2,8 @@
 
 #include "DbObjectAccess.h"
 
+#include <algorithm>
+
 namespace {
 // Extents of an empty space: the lower corner above the upper one.
 const AcGePoint3d kEmptyMinimum(1.0e20, 1.0e20, 1.0e20), kEmptyMaximum(-1.0e20, -1.0e20, -1.0e20);
@@ -12,13 +14,23 @@ bool drawsItself(const AcDbEntity& entity) {
 AcDbEntity* liveEntity(AcDbObjectId id) {
     return id.isErased() ? nullptr : AcDbEntity::cast(DbObjectAccess::peek(id));
 }
+bool hasModulesObjects(AcDbObjectId blockId) {
+    auto* const block = AcDbBlockTableRecord::cast(DbObjectAccess::peek(blockId));
+    if (block == nullptr)
+        return false;
+    const AcDbObjectIdArray& ids = DbObjectAccess::entities(*block);
+    return std::any_of(ids.begin(), ids.end(), [](AcDbObjectId id) {
+        const AcDbEntity* const entity = liveEntity(id);
+        return entity != nullptr && drawsItself(*entity);
+    });
+}
 } // namespace
 
 DwgExtents::DwgExtents(AcDbDatabase& db)
     : mDb(db), mIsUnchanged(!db.hasChangedSinceSave()), mModel(db.modelSpaceId(), L"EXTMIN", L"EXTMAX"),
       mPaper(db.paperSpaceId(), L"PEXTMIN", L"PEXTMAX") {
     for (Space* const space : {&mModel, &mPaper})
-        space->isKept = mIsUnchanged && known(*space).isValid();
+        space->isKept = mIsUnchanged && known(*space).isValid() && !hasModulesObjects(space->block);
 }
 
 AcDbExtents DwgExtents::known(const Space& space) const {

@@ -11,7 +11,8 @@ class AcDbBlockReference;
 
 // The box of what each space shows, whatever layers are off or frozen. A drawing that was opened and not
 // changed keeps the extents it came with: they are its maker's, who may know objects that nobody here can
-// draw. Where such an object stands in a changed space, its extents of before stay inside the new ones.
+// draw. Where such an object stands in a changed space, its extents of before stay inside the new ones. A
+// module's objects are measured always: it may have brought them in line with the scale at the load.
 class DwgExtents {
 public:
     explicit DwgExtents(AcDbDatabase& db);

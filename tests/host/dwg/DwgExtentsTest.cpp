@@ -137,6 +137,20 @@ TEST_F(DwgExtentsOfDrawing, of_an_unchanged_drawing_are_those_it_came_with) {
     expectBox(saved(db), {0.0, 0.0, 0.0}, {1.0, 1.0, 0.0});
     expectEmpty(saved(db, L"PEXT"));
 }
+// A module brings its objects in line with the drawing's scale at a load, which is no change of the drawing.
+TEST_F(DwgExtentsOfDrawing, follow_a_module_s_objects_without_a_change) {
+    const SampleModule module;
+    AcDbDatabase first;
+    const AcDbHandle handle = sampleAppend(first, new SampleMarker).handle();
+    const Corners before = saved(first);
+    AcDbDatabase db(false);
+    ASSERT_EQ(db.readDwgFile(path.c_str()), Acad::eOk);
+    AcDbObjectId id;
+    db.getAcDbObjectId(id, false, handle);
+    SampleMarker::cast(DbObjectAccess::peek(id))->place.x += 100.0;
+    ASSERT_FALSE(db.hasChangedSinceSave());
+    expectBox(saved(db), before.lower + AcGeVector3d(100.0, 0.0, 0.0), before.upper + AcGeVector3d(100.0, 0.0, 0.0), 1.0e-6);
+}
 TEST_F(DwgExtentsOfDrawing, that_came_empty_are_mended_without_a_change) {
     AcDbDatabase first;
     line(first, {0.0, 0.0, 0.0}, {1.0, 1.0, 0.0});
