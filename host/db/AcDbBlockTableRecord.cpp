@@ -18,6 +18,8 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     // The list of entities is not filed for undo: an appended entity is taken back by erasing it, and
     // a space of ten thousand entities would be filed for every one that is added.
     assertWriteEnabled(false);
+    if (entity->objectId().isNull())
+        DbObjectAccess::takeCurrentProperties(*entity, *database());
     const Acad::ErrorStatus es = DbObjectAccess::adopt(*database(), *entity, objectId(), id);
     if (es != Acad::eOk)
         return es;
@@ -84,9 +86,9 @@ public:
         id = mEntities[mAt];
         return Acad::eOk;
     }
-    Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode, bool openErased) const override {
+    Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode, bool openErased, bool openOnLockedLayer) const override {
         entity = nullptr;
-        return done() ? Acad::eIteratorDone : acdbOpenObject(entity, mEntities[mAt], mode, openErased);
+        return done() ? Acad::eIteratorDone : acdbOpenObject(entity, mEntities[mAt], mode, openErased, openOnLockedLayer);
     }
 
 private:
@@ -111,7 +113,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::subErase(bool erasing) {
     if (isLayout())
         return Acad::eNotApplicable;
     for (int i = 0; i < mEntities.length(); ++i) {
-        AcDbObjectPointer<AcDbEntity> entity(mEntities[i], AcDb::kForWrite, true);
+        AcDbObjectPointer<AcDbEntity> entity(mEntities[i], AcDb::kForWrite, true, true); // locks hold in a space, not for what goes with its block
         if (entity && entity->isErased() != erasing)
             entity->erase(erasing);
     }

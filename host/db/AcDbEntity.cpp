@@ -41,6 +41,7 @@ AcCmColor AcDbEntity::color() const {
 Acad::ErrorStatus AcDbEntity::setColor(const AcCmColor& color, bool) {
     assertWriteEnabled();
     mColor = color;
+    mGiven |= kColorGiven;
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index, bool doSubents) {
@@ -66,6 +67,7 @@ Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId id, bool) {
     if (AcDbLayerTableRecord::cast(DbObjectAccess::peek(id)) == nullptr)
         return Acad::eInvalidInput;
     mLayer = id;
+    mGiven |= kLayerGiven;
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name, bool doSubents) {
@@ -91,6 +93,7 @@ Acad::ErrorStatus AcDbEntity::setLinetype(AcDbObjectId id, bool) {
     if (AcDbLinetypeTableRecord::cast(DbObjectAccess::peek(id)) == nullptr)
         return Acad::eInvalidInput;
     mLinetype = id;
+    mGiven |= kLinetypeGiven;
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name, bool doSubents) {
@@ -107,6 +110,7 @@ Acad::ErrorStatus AcDbEntity::setLinetypeScale(double scale, bool) {
         return Acad::eInvalidInput;
     assertWriteEnabled();
     mLinetypeScale = scale;
+    mGiven |= kScaleGiven;
     return Acad::eOk;
 }
 AcDb::LineWeight AcDbEntity::lineWeight() const {
@@ -116,6 +120,7 @@ AcDb::LineWeight AcDbEntity::lineWeight() const {
 Acad::ErrorStatus AcDbEntity::setLineWeight(AcDb::LineWeight weight, bool) {
     assertWriteEnabled();
     mLineWeight = weight;
+    mGiven |= kWeightGiven;
     return Acad::eOk;
 }
 AcDb::Visibility AcDbEntity::visibility() const {
@@ -137,7 +142,9 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, bool do
     mLinetypeScale = other->mLinetypeScale;
     mLineWeight = other->mLineWeight;
     mInvisible = other->mInvisible;
-    return setColor(other->mColor, doSubents);
+    const Acad::ErrorStatus es = setColor(other->mColor, doSubents);
+    mGiven = other->hasAllGiven() ? Adesk::UInt8{kAllGiven} : other->mGiven;
+    return es;
 }
 void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     if (database == nullptr)
@@ -145,11 +152,21 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     assertWriteEnabled();
     if (database == nullptr)
         return;
-    mLayer = database->clayer();
-    mLinetype = database->celtype();
-    mLinetypeScale = database->celtscale();
-    mLineWeight = database->celweight();
-    mColor = database->cecolor();
+    mGiven = 0;
+    takeCurrentProperties(*database);
+}
+void AcDbEntity::takeCurrentProperties(const AcDbDatabase& database) {
+    if ((mGiven & kLayerGiven) == 0)
+        mLayer = database.clayer();
+    if ((mGiven & kLinetypeGiven) == 0)
+        mLinetype = database.celtype();
+    if ((mGiven & kScaleGiven) == 0)
+        mLinetypeScale = database.celtscale();
+    if ((mGiven & kWeightGiven) == 0)
+        mLineWeight = database.celweight();
+    if ((mGiven & kColorGiven) == 0)
+        mColor = database.cecolor();
+    mGiven = kAllGiven;
 }
 
 // ---- behaviour ----------------------------------------------------------------------
@@ -159,7 +176,12 @@ Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& matrix) {
 }
 Acad::ErrorStatus AcDbEntity::explode(AcDbVoidPtrArray& entities) const {
     assertReadEnabled();
-    return subExplode(entities);
+    const int before = entities.length();
+    const Acad::ErrorStatus es = subExplode(entities);
+    // What a part was not given shows as by layer, and goes on doing so wherever the part is added.
+    for (int i = before; i < entities.length(); ++i)
+        static_cast<AcDbEntity*>(entities[i])->mGiven = kAllGiven;
+    return es;
 }
 Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents& extents) const {
     assertReadEnabled();

@@ -28,7 +28,14 @@ void dbReportBreach(const AcDbObject& object, Acad::ErrorStatus status) {
 }
 
 // ---- opening -----------------------------------------------------------------------
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased) {
+namespace {
+bool isOnLockedLayer(const AcDbObject& object) {
+    const AcDbEntity* const entity = AcDbEntity::cast(&object);
+    return entity != nullptr && DbObjectAccess::isOnLockedLayer(*entity);
+}
+} // namespace
+
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased, bool openOnLockedLayer) {
     object = nullptr;
     AcDbStub* const stub = id.stub();
     if (stub == nullptr)
@@ -42,6 +49,8 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     if (mode == AcDb::kForWrite) {
         if (stub->readers != 0)
             return Acad::eWasOpenForRead;
+        if (!openOnLockedLayer && isOnLockedLayer(*stub->object))
+            return Acad::eOnLockedLayer;
         stub->writer = true;
     } else {
         constexpr int kMostReaders = 256;
@@ -81,6 +90,8 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
         return Acad::eOk;
     if (stub->readers != 1)
         return stub->readers == 0 ? Acad::eNotOpenForRead : Acad::eWasOpenForRead;
+    if (isOnLockedLayer(*this))
+        return Acad::eOnLockedLayer;
     stub->readers = 0;
     stub->writer = true;
     return Acad::eOk;
@@ -171,8 +182,9 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
 // ---- filing ------------------------------------------------------------------------
 namespace {
 // What stands before the fields in every stream but a file's, whose codec keeps these things in
-// the object's record. A listing tells of them only where there are any.
-enum Extra : Adesk::UInt8 { kHasXData = 1, kHasRaw = 2, kHasGraphics = 4 };
+// the object's record. A listing tells of them only where there are any. A copy of an entity that stands
+// in no drawing yet must know what its original was given: the rest becomes current properties later.
+enum Extra : Adesk::UInt8 { kHasXData = 1, kHasRaw = 2, kHasGraphics = 4, kHasUngiven = 8 };
 
 void writeBlob(AcDbDwgFiler& filer, const std::vector<Adesk::UInt8>& bytes) {
     const auto size = static_cast<Adesk::UInt32>(bytes.size());
@@ -250,14 +262,23 @@ DbRawRecord readRaw(AcDbDwgFiler& filer, bool cloning) {
     raw.referencesChanged = raw.referencesChanged || (cloning && !raw.references.empty());
     return raw;
 }
-void writeExtras(AcDbDwgFiler& filer, const AcDbObjectImpData* data) {
-    Adesk::UInt8 extras = 0;
+AcDbEntity* newEntity(const AcDbObject& object) {
+    return object.objectId().isNull() ? AcDbEntity::cast(const_cast<AcDbObject*>(&object)) : nullptr;
+}
+void writeExtras(AcDbDwgFiler& filer, const AcDbObject& object) {
+    const AcDbObjectImpData* const data = DbObjectAccess::dataIfAny(object);
+    AcDbEntity* const entity = newEntity(object);
+    const bool isListing = dynamic_cast<AcDbRecordingFiler*>(&filer) != nullptr;
+    const bool hasUngiven = entity != nullptr && !isListing && DbObjectAccess::given(*entity) != DbObjectAccess::kAllGiven;
+    Adesk::UInt8 extras = hasUngiven ? kHasUngiven : 0;
     if (data != nullptr)
-        extras = static_cast<Adesk::UInt8>((data->xdata != nullptr ? kHasXData : 0) | (data->raw ? kHasRaw : 0)
+        extras = static_cast<Adesk::UInt8>(extras | (data->xdata != nullptr ? kHasXData : 0) | (data->raw ? kHasRaw : 0)
                                            | (!data->proxyGraphics.empty() ? kHasGraphics : 0));
-    if (extras == 0 && dynamic_cast<AcDbRecordingFiler*>(&filer) != nullptr)
+    if (extras == 0 && isListing)
         return;
     filer.writeUInt8(extras);
+    if (hasUngiven)
+        filer.writeUInt8(DbObjectAccess::given(*entity));
     if ((extras & kHasXData) != 0)
         dbWriteChain(filer, data->xdata);
     if ((extras & kHasRaw) != 0)
@@ -268,6 +289,11 @@ void writeExtras(AcDbDwgFiler& filer, const AcDbObjectImpData* data) {
 void readExtras(AcDbDwgFiler& filer, AcDbObject& object) {
     Adesk::UInt8 extras = 0;
     filer.readUInt8(&extras);
+    Adesk::UInt8 given = DbObjectAccess::kAllGiven;
+    if ((extras & kHasUngiven) != 0)
+        filer.readUInt8(&given);
+    if (AcDbEntity* const entity = newEntity(object))
+        DbObjectAccess::given(*entity) = given;
     if (extras == 0 && DbObjectAccess::dataIfAny(object) == nullptr)
         return;
     const bool cloning = filer.filerType() == AcDb::kDeepCloneFiler || filer.filerType() == AcDb::kWblockCloneFiler;
@@ -284,7 +310,7 @@ void readExtras(AcDbDwgFiler& filer, AcDbObject& object) {
 Acad::ErrorStatus AcDbObject::dwgOut(AcDbDwgFiler* filer) const {
     assertReadEnabled();
     if (filer->filerType() != AcDb::kFileFiler)
-        writeExtras(*filer, mData.get());
+        writeExtras(*filer, *this);
     const Acad::ErrorStatus es = dwgOutFields(filer);
     return es != Acad::eOk ? es : filer->filerStatus();
 }

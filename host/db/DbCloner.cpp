@@ -66,7 +66,7 @@ std::wstring dbAnonymousBlockName(const AcDbDatabase& db, const std::wstring& pr
 void dbEmptyBlock(AcDbBlockTableRecord& block) {
     const AcDbObjectIdArray entities = block.entityIds();
     for (const AcDbObjectId id : entities) {
-        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite, false, true);
         if (entity)
             entity->erase();
     }

@@ -54,6 +54,16 @@ std::vector<AcDbObjectId> DbObjectAccess::allIds(const AcDbDatabase& db) {
 void DbObjectAccess::setHandseed(AcDbDatabase& db, AcDbHandle seed) {
     data(db).handseed = std::max<Adesk::UInt64>(data(db).handseed, seed);
 }
+bool DbObjectAccess::isOnLockedLayer(const AcDbEntity& entity) {
+    const auto isLocked = [](AcDbObjectId id) {
+        const AcDbLayerTableRecord* const layer = AcDbLayerTableRecord::cast(peek(id));
+        return layer != nullptr && layer->isLocked();
+    };
+    if (isLocked(entity.mLayer))
+        return true;
+    const AcDbEntity* const owner = AcDbEntity::cast(peek(entity.ownerId())); // null in nearly every case: a block owns it
+    return owner != nullptr && isLocked(owner->mLayer);
+}
 AcDbObjectImpData& DbObjectAccess::data(AcDbObject& object) {
     if (object.mData == nullptr)
         object.mData = std::make_unique<AcDbObjectImpData>();

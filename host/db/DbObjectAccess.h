@@ -115,6 +115,12 @@ struct DbObjectAccess {
     static void replace(AcDbObjectId id, std::unique_ptr<AcDbObject> object);
     // The object behind an id without opening it; null when there is none.
     static AcDbObject* peek(AcDbObjectId id);
+    // An object that hangs on another entity (an attribute, a vertex) is locked with that one too.
+    static bool isOnLockedLayer(const AcDbEntity& entity);
+    // What a new entity was given, as bits; the rest becomes current properties when it is appended.
+    static auto& given(AcDbEntity& e) { return e.mGiven; }
+    static constexpr Adesk::UInt8 kAllGiven = AcDbEntity::kAllGiven;
+    static void takeCurrentProperties(AcDbEntity& e, const AcDbDatabase& db) { e.takeCurrentProperties(db); }
     // All ids with an object that is not erased, by ascending handle.
     static std::vector<AcDbObjectId> allIds(const AcDbDatabase& db);
     static void setHandseed(AcDbDatabase& db, AcDbHandle seed);

@@ -14,6 +14,8 @@ public:
     DwgPictureRecorder(AcDbDatabase& db, const DwgTextCodec& text);
     // Empty when the entity draws nothing.
     std::vector<Adesk::UInt8> record(AcDbEntity& entity);
+    // What record drew last; what it shares with others stays as long as the recorder.
+    const GiDisplayList& lastPicture() { return mBuilder.list(); }
 
 private:
     void write(const GiDisplayList& list, const GiTraits& inherited);

@@ -17,7 +17,7 @@ int codePageOf(AcDbDatabase& db) {
 } // namespace
 
 // Objects are read while they may stand open elsewhere; nothing of this is a change of the drawing.
-DwgWriter::DwgWriter(AcDbDatabase& db) : mDb(db), mText(dwgTextCodec(codePageOf(db))), mData(&mText), mHandles(&mText) {
+DwgWriter::DwgWriter(AcDbDatabase& db) : mDb(db), mText(dwgTextCodec(codePageOf(db))), mExtents(db), mData(&mText), mHandles(&mText) {
     mContext.database = &db;
     DbObjectAccess::setLoading(db, true);
 }
@@ -36,6 +36,7 @@ std::vector<Adesk::UInt8> DwgWriter::bytes() {
     mMap.reserve(mIds.size());
     for (const AcDbObjectId id : mIds)
         writeObject(*DbObjectAccess::peek(id));
+    mExtents.finish();
     dwgHeaderFromDatabase(mDb, mVars);
     DwgFileParts parts;
     parts.text = &mText;
@@ -192,8 +193,14 @@ void DwgWriter::recordGraphics(AcDbEntity& entity, DwgCommonData& common) {
     if (AcDbProxyEntity::cast(&entity) != nullptr)
         common.graphics = DbObjectAccess::data(entity).proxyGraphics;
     else if (entity.isA()->appName() != nullptr)
-        common.graphics = mRecorder->record(entity);
+        recordPicture(entity, common);
     common.hasGraphics = !common.graphics.empty();
+}
+
+// An object that draws itself is drawn once, for its picture and for the drawing's extents.
+void DwgWriter::recordPicture(AcDbEntity& entity, DwgCommonData& common) {
+    common.graphics = mRecorder->record(entity);
+    mExtents.addDrawn(entity, mRecorder->lastPicture());
 }
 
 // The handles follow the data without a gap; the head tells where.

@@ -6,6 +6,7 @@
 #include "DwgClasses.h"
 #include "DwgCommonData.h"
 #include "DwgContainer.h"
+#include "DwgExtents.h"
 #include "DwgHeaderVars.h"
 
 struct DwgRawParts;
@@ -43,6 +44,7 @@ private:
     DwgCommonData commonOf(AcDbObject& object, int type);
     void commonOfEntity(AcDbEntity& entity, DwgCommonData& common);
     void recordGraphics(AcDbEntity& entity, DwgCommonData& common);
+    void recordPicture(AcDbEntity& entity, DwgCommonData& common);
     bool sameAsRaw(const DwgCommonData& common, const DwgRawParts& parts) const;
     bool keptAsItCame(AcDbObject& object, const DwgClassRow& row, const DbRawRecord& raw);
     void finishRecord(std::size_t sizeAt);
@@ -59,6 +61,7 @@ private:
     std::unordered_map<AcDbObjectId, Links> mLinks;
     std::vector<AcDbObjectId> mIds;
     std::unique_ptr<DwgPictureRecorder> mRecorder;
+    DwgExtents mExtents;
     DwgBitWriter mData, mHandles; // of the record being written
     std::vector<DwgMapEntry> mMap;
     std::vector<Adesk::UInt8> mObjects; // all records with sizes and checksums

@@ -68,6 +68,7 @@ const ACHAR* acadErrorStatusText(Acad::ErrorStatus es) {
         STATUS_NAME(eUndefinedLineType)
         STATUS_NAME(eBadLinetypeFile)
         STATUS_NAME(eSelfReference)
+        STATUS_NAME(eOnLockedLayer)
         STATUS_NAME(eMakeMeProxy)
 #undef STATUS_NAME
     }

@@ -166,7 +166,8 @@ void prepareTemplateDatabase(AcDbDatabase& side) {
     const std::unique_ptr<AcDbBlockTableRecordIterator> entities(iterator);
     for (; !entities->done(); entities->step()) {
         AcDbEntity* entity = nullptr;
-        if (entities->getEntity(entity, AcDb::kForWrite) != Acad::eOk)
+        // A lock in the library's drawing guards that drawing, not the symbol made of it.
+        if (entities->getEntity(entity, AcDb::kForWrite, false, true) != Acad::eOk)
             continue;
         makeByBlock(*entity);
         entity->close();

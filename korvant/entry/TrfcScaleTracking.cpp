@@ -113,7 +113,8 @@ void switchScale(const AcDbAnnotationScale& scale) {
         const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(walk);
         for (; !iterator->done(); iterator->step()) {
             AcDbEntity* entity = nullptr;
-            if (iterator->getEntity(entity, AcDb::kForWrite) != Acad::eOk)
+            // A paper size is no edit: objects on locked layers follow the scale too.
+            if (iterator->getEntity(entity, AcDb::kForWrite, false, true) != Acad::eOk)
                 continue;
             if (entity->isKindOf(TrfcScalable::desc()))
                 static_cast<TrfcScalable*>(entity)->setScale(denominator);

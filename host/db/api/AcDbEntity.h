@@ -22,7 +22,9 @@ public:
     AcDbEntity();
 
     // ---- properties. Ids are null until the entity stands in a database or is given defaults;
-    // a null layer or line type reads as layer "0" and ByLayer of the working database.
+    // a null layer or line type reads as layer "0" and ByLayer of the working database. What was never
+    // set, on the entity or on the one it is a copy of, becomes the database's current value when it is
+    // appended; the parts of an explosion keep what they show.
     AcCmColor color() const;
     AcCmEntityColor entityColor() const { return color(); }
     Adesk::UInt16 colorIndex() const { return color().colorIndex(); }
@@ -90,13 +92,23 @@ protected:
 
 private:
     friend struct DbObjectAccess;
+    enum Given : Adesk::UInt8 { kLayerGiven = 1, kColorGiven = 2, kLinetypeGiven = 4, kScaleGiven = 8, kWeightGiven = 16, kAllGiven = 31 };
+    bool hasAllGiven() const { return mGiven == kAllGiven || !objectId().isNull(); }
+    void takeCurrentProperties(const AcDbDatabase& database); // those not given
     AcCmColor mColor;
     AcDbObjectId mLayer, mLinetype;
     double mLinetypeScale = 1.0;
     AcDb::LineWeight mLineWeight = AcDb::kLnWtByLayer;
     bool mInvisible = false;
     mutable bool mHighlighted = false;
+    Adesk::UInt8 mGiven = 0; // which properties were set, of an entity that stands in no database yet
 };
+
+// The same as acdbOpenObject for an entity.
+inline Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false,
+                                            bool forceOpenOnLockedLayer = false) {
+    return acdbOpenObject(entity, id, mode, openErased, forceOpenOnLockedLayer);
+}
 
 // ---- grips ------------------------------------------------------------------------------
 namespace AcDbGripOperations {

@@ -33,7 +33,7 @@ public:
     // Ends the opening. An object that is in no database gives eNotInDatabase and stays the caller's.
     Acad::ErrorStatus close();
     Acad::ErrorStatus erase(bool erasing = true);
-    Acad::ErrorStatus upgradeOpen();
+    Acad::ErrorStatus upgradeOpen(); // eOnLockedLayer as at opening
     Acad::ErrorStatus downgradeOpen();
     bool isReadEnabled() const;
     bool isWriteEnabled() const;
@@ -82,13 +82,16 @@ struct AcDbOpenRuleBreach {
     Acad::ErrorStatus status;
 };
 
-// Opens by id; the pointer is null on failure. eWasErased unless openErased.
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
+// Opens by id; the pointer is null on failure. eWasErased unless openErased. An entity on a locked layer
+// opens for read only: eOnLockedLayer for write, unless openOnLockedLayer, for what is no edit of it.
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false,
+                                     bool openOnLockedLayer = false);
 template <class T>
-Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false) {
+Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false,
+                                 bool openOnLockedLayer = false) {
     object = nullptr;
     AcDbObject* base = nullptr;
-    const Acad::ErrorStatus es = acdbOpenAcDbObject(base, id, mode, openErased);
+    const Acad::ErrorStatus es = acdbOpenAcDbObject(base, id, mode, openErased, openOnLockedLayer);
     if (es != Acad::eOk)
         return es;
     object = T::cast(base);
@@ -102,8 +105,8 @@ Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mod
 // Opens on construction, closes on destruction.
 template <class T> class AcDbObjectPointer {
 public:
-    explicit AcDbObjectPointer(AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false) {
-        mStatus = acdbOpenObject(mObject, id, mode, openErased);
+    explicit AcDbObjectPointer(AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false, bool openOnLockedLayer = false) {
+        mStatus = acdbOpenObject(mObject, id, mode, openErased, openOnLockedLayer);
     }
     ~AcDbObjectPointer() { close(); }
     AcDbObjectPointer(const AcDbObjectPointer&) = delete;

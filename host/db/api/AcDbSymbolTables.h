@@ -85,7 +85,8 @@ public:
     virtual bool done() const = 0;
     virtual void step(bool forward = true, bool skipDeleted = true) = 0;
     virtual Acad::ErrorStatus getEntityId(AcDbObjectId& id) const = 0;
-    virtual Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false) const = 0;
+    virtual Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false,
+                                        bool openOnLockedLayer = false) const = 0;
 };
 
 inline constexpr const ACHAR* ACDB_MODEL_SPACE = L"*Model_Space";
@@ -97,6 +98,7 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockTableRecord);
     // Adds the entity to the database, owned by this block and open for write until the caller closes it.
+    // Properties that it was never given become the database's current ones.
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity) { AcDbObjectId id; return appendAcDbEntity(id, entity); }
     Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning = true, bool skipDeleted = true) const;

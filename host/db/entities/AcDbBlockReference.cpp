@@ -76,7 +76,7 @@ Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& matrix)
     if (es != Acad::eOk || objectId().isNull()) // a copy's attributes are still the other reference's
         return es;
     for (const AcDbObjectId& id : mAttributes) {
-        const AcDbObjectPointer<AcDbAttribute> attribute(id, AcDb::kForWrite);
+        const AcDbObjectPointer<AcDbAttribute> attribute(id, AcDb::kForWrite, false, true); // it goes along, on whatever layer
         if (attribute)
             attribute->transformBy(matrix);
     }

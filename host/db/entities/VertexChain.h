@@ -31,11 +31,11 @@ template <class Vertex, class Visit> void dbForEachVertex(const AcDbObjectIdArra
             visit(*vertex.get());
 }
 
-// Calls `change` with each vertex, open for write.
+// Calls `change` with each vertex, open for write. The polyline is open already, so no lock stands against it.
 template <class Vertex, class Change> void dbChangeVertices(const AcDbObjectIdArray& ids, Change change) {
     int index = 0;
     for (const AcDbObjectId& id : ids) {
-        const AcDbObjectPointer<Vertex> vertex(id, AcDb::kForWrite);
+        const AcDbObjectPointer<Vertex> vertex(id, AcDb::kForWrite, false, true);
         if (vertex)
             change(*vertex.object(), index++);
     }

@@ -167,7 +167,7 @@ void insertReference(AcDbObjectId blockId, const Placing& placing) {
             return;
     }
     const AcDbObjectId id = edDraw(std::move(reference));
-    AcDbObjectPointer<AcDbBlockReference> placed(id, AcDb::kForWrite);
+    AcDbObjectPointer<AcDbBlockReference> placed(id, AcDb::kForWrite, false, true); // made a moment ago, on whatever layer is current
     for (auto& attribute : attributes) {
         AcDbObjectId attributeId;
         if (placed && placed->appendAttribute(attributeId, attribute.get()) == Acad::eOk)
@@ -205,7 +205,7 @@ void fillBlock(AcDbDatabase& db, const std::wstring& name, const AcGePoint3d& ba
         AcDbObjectPointer<AcDbBlockTableRecord> record(blockId, AcDb::kForWrite);
         record->setOrigin(base);
         for (const AcDbObjectId id : AcDbObjectIdArray(record->entityIds()))
-            if (AcDbObjectPointer<AcDbEntity> old(id, AcDb::kForWrite); old)
+            if (AcDbObjectPointer<AcDbEntity> old(id, AcDb::kForWrite, false, true); old) // locks hold in a space, not in a definition
                 old->erase();
     }
     AcDbIdMapping map;

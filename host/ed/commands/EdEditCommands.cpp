@@ -3,10 +3,11 @@
 #include "EdHostCommands.h"
 
 namespace {
-void transformAll(const AcDbObjectIdArray& ids, const AcGeMatrix3d& matrix) {
+// Copies just made go to their place on a locked layer too.
+void transformAll(const AcDbObjectIdArray& ids, const AcGeMatrix3d& matrix, bool areNew = false) {
     int refused = 0;
     for (const AcDbObjectId id : ids) {
-        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite, false, areNew);
         if (!entity || entity->transformBy(matrix) != Acad::eOk)
             ++refused;
         else
@@ -30,7 +31,7 @@ AcDbObjectIdArray copyAll(const AcDbObjectIdArray& ids, const AcGeMatrix3d& matr
         if (map.compute(pair) && !pair.value.isNull())
             copies.append(pair.value);
     }
-    transformAll(copies, matrix);
+    transformAll(copies, matrix, true);
     return copies;
 }
 // Base point and second point, or a displacement followed by Enter.

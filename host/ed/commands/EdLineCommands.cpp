@@ -8,7 +8,8 @@
 
 namespace {
 void eraseObject(AcDbObjectId id) {
-    if (AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite); entity)
+    // The command's own segment: it goes also where the current layer is locked.
+    if (AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite, false, true); entity)
         entity->erase();
 }
 } // namespace

@@ -100,8 +100,7 @@ std::wstring edTypeName(const AcDbObject& object) {
     return type->dxfName() != nullptr ? type->dxfName() : type->name();
 }
 bool edIsOnLockedLayer(const AcDbEntity& entity) {
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId());
-    return layer && layer->isLocked();
+    return DbObjectAccess::isOnLockedLayer(entity);
 }
 GiNamer edNamer() {
     return [](AcDbObjectId id) { return edRecordName(id); };

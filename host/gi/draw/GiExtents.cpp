@@ -1,6 +1,7 @@
 // Measures what is drawn: straight from the drawable, without keeping a picture, or from a list.
 #include "GiCurve.h"
 #include "GiDrawContext.h"
+#include "GiExtentsMeter.h"
 #include "text/GiTextLayout.h"
 
 namespace {
@@ -38,9 +39,19 @@ private:
     AcDbExtents mExtents;
 };
 
-struct ShapeMeasurer {
+bool isWithin(const AcGePoint3d& p, const AcDbExtents& box) {
+    const AcGePoint3d lower = box.minPoint(), upper = box.maxPoint();
+    return p.x >= lower.x && p.y >= lower.y && p.z >= lower.z && p.x <= upper.x && p.y <= upper.y && p.z <= upper.z;
+}
+bool isWithin(const AcDbExtents& inner, const AcDbExtents& outer) {
+    return !inner.isValid() || (outer.isValid() && isWithin(inner.minPoint(), outer) && isWithin(inner.maxPoint(), outer));
+}
+} // namespace
+
+struct GiShapeMeasurer {
     const AcGeMatrix3d& transform;
     AcDbExtents& extents;
+    GiExtentsMeter::Boxes& boxes;
 
     template <class Points> void addAll(const Points& points) {
         for (const AcGePoint3d& p : points)
@@ -56,11 +67,23 @@ struct ShapeMeasurer {
     void operator()(const GiText& s) { giAddTextExtents(giLayText(s, transform), extents); }
     void operator()(const GiInstance& s) {
         const AcGeMatrix3d inner = transform * s.transform();
+        AcDbExtents box = boxOf(*s.picture);
+        box.transformBy(inner);
+        if (isWithin(box, extents))
+            return;
         for (const GiPrimitive& primitive : s.picture->primitives)
-            std::visit(ShapeMeasurer{inner, extents}, primitive.shape);
+            std::visit(GiShapeMeasurer{inner, extents, boxes}, primitive.shape);
+    }
+    AcDbExtents boxOf(const GiDisplayList& picture) {
+        if (const auto known = boxes.find(&picture); known != boxes.end())
+            return known->second;
+        AcDbExtents box;
+        const AcGeMatrix3d identity;
+        for (const GiPrimitive& primitive : picture.primitives)
+            std::visit(GiShapeMeasurer{identity, box, boxes}, primitive.shape);
+        return boxes[&picture] = box;
     }
 };
-} // namespace
 
 AcDbExtents giExtentsOf(AcGiDrawable& drawable, const std::function<bool(AcGiDrawable&)>& accept) {
     ExtentsContext context(accept);
@@ -68,10 +91,17 @@ AcDbExtents giExtentsOf(AcGiDrawable& drawable, const std::function<bool(AcGiDra
     return context.extents();
 }
 
-AcDbExtents giExtentsOf(const GiDisplayList& list) {
-    AcDbExtents extents;
+void GiExtentsMeter::add(const GiDisplayList& list) {
     const AcGeMatrix3d identity;
     for (const GiPrimitive& primitive : list.primitives)
-        std::visit(ShapeMeasurer{identity, extents}, primitive.shape);
-    return extents;
+        std::visit(GiShapeMeasurer{identity, mTotal, mBoxes}, primitive.shape);
+}
+bool GiExtentsMeter::covers(const AcDbExtents& box) const {
+    return isWithin(box, mTotal);
+}
+
+AcDbExtents giExtentsOf(const GiDisplayList& list) {
+    GiExtentsMeter meter;
+    meter.add(list);
+    return meter.extents();
 }

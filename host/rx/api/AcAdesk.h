@@ -93,6 +93,7 @@ enum ErrorStatus {
     eUndefinedLineType = 60,
     eBadLinetypeFile = 61,
     eSelfReference = 62,
+    eOnLockedLayer = 63,
     eMakeMeProxy = 301,
 };
 } // namespace Acad

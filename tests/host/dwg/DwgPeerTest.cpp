@@ -69,6 +69,19 @@ TEST(DwgPeer, finds_our_layers_blocks_and_entities) {
         EXPECT_NE(seen.find(part), std::string::npos) << part << " in " << seen;
 }
 
+TEST(DwgPeer, finds_the_extents_of_what_our_drawing_shows) {
+    SKIP_WITHOUT_PEER();
+    dwgInstallCodec();
+    const SampleModule module;
+    const std::string path = testTempPath() + "/extents.dwg";
+    AcDbDatabase db;
+    sampleAppend(db, new AcDbLine({-3.0, 2.0, 0.0}, {7.0, 5.0, 0.0}));
+    sampleAppend(db, new AcDbCircle({20.0, 10.0, 0.0}, AcGeVector3d::kZAxis, 4.0));
+    ASSERT_EQ(db.saveAs(acHostPath(path).c_str()), Acad::eOk);
+    const std::string seen = peerSees(path);
+    EXPECT_NE(seen.find("\"extents\":[[-3,2,0],[24,14,0],[100000000000000000000,"), std::string::npos) << seen;
+}
+
 TEST(DwgPeer, sees_strangers_drawings_unchanged_after_a_save_of_ours) {
     SKIP_WITHOUT_PEER();
     SKIP_WITHOUT_DRAWINGS();

@@ -1,4 +1,5 @@
-// Lists a drawing as the independent reader sees it: error code, layers, blocks with their entities by type.
+// Lists a drawing as the independent reader sees it: error code, layers, blocks with their entities by type,
+// the corners of model space and paper space.
 // Usage: node peer.mjs <node_modules> <drawing>...   One line of JSON a drawing.
 import { readFileSync } from 'node:fs';
 import { pathToFileURL } from 'node:url';
@@ -25,6 +26,8 @@ for (const path of drawings) {
       line.blocks[block.name] = types;
     }
     line.modelEntities = db.entities.length;
+    const corner = (name) => [db.header[name].x, db.header[name].y, db.header[name].z];
+    line.extents = ['EXTMIN', 'EXTMAX', 'PEXTMIN', 'PEXTMAX'].map(corner);
     libre.dwg_free(result.data);
   }
   console.log(JSON.stringify(line));

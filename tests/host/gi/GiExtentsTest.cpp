@@ -1,4 +1,5 @@
 // Exact extents: what is measured equals the picture flattened as finely as can be.
+#include "GiExtentsMeter.h"
 #include "GiTestDrawing.h"
 
 #include <gtest/gtest.h>
@@ -74,6 +75,35 @@ RC_GTEST_PROP(Extents, of_a_text_under_any_transform_are_exact, ()) {
     style.backward = *rc::gen::arbitrary<bool>();
     const AcGeVector3d normal = anyNormal(), direction = normal.perpVector();
     checkDrawable([&](AcGiWorldDraw& wd) { wd.geometry().text({1, 2, 3}, normal, direction, text.c_str(), style); }, 1e-4);
+}
+
+// Repetitions that cannot reach out are passed over; that must never be seen in the box.
+RC_GTEST_PROP(Extents, of_many_repetitions_are_those_of_each_of_them, ()) {
+    TestDrawable symbol(
+        [](AcGiWorldDraw& wd) {
+            wd.geometry().circularArc({1, 0, 0}, 2.0, {0, 0, 1}, {1, 0, 0}, 4.0, kAcGiArcSimple);
+            const AcGePoint3d points[] = {{-1, -1, 0}, {3, 2, 1}};
+            wd.geometry().polyline(2, points);
+        },
+        true);
+    GiDisplayListBuilder builder; // keeps the shared picture while it is measured
+    GiExtentsMeter meter;
+    AcDbExtents each;
+    for (int i = 0; i < 12; ++i) {
+        const AcGeMatrix3d matrix = anyAffine();
+        TestDrawable repeated([&](AcGiWorldDraw& wd) {
+            wd.geometry().pushModelTransform(matrix);
+            wd.geometry().draw(&symbol);
+            wd.geometry().popModelTransform();
+        });
+        builder.list().primitives.clear();
+        builder.add(repeated);
+        meter.add(builder.list());
+        each.addExt(giExtentsOf(repeated));
+    }
+    RC_ASSERT(meter.extents().minPoint().distanceTo(each.minPoint()) < 1e-9);
+    RC_ASSERT(meter.extents().maxPoint().distanceTo(each.maxPoint()) < 1e-9);
+    RC_ASSERT(meter.covers(AcDbExtents(each.minPoint() + AcGeVector3d(1e-6, 1e-6, 1e-6), each.maxPoint() - AcGeVector3d(1e-6, 1e-6, 1e-6))));
 }
 
 TEST(Extents, of_a_quarter_circle_reach_just_its_quarter) {

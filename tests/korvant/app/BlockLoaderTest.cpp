@@ -18,7 +18,7 @@ struct Report : TrfcTaskReport {
 };
 
 // Saves a drawing with one circle by layer of that radius.
-void saveSymbol(const std::wstring& path, double radius) {
+void saveSymbol(const std::wstring& path, double radius, bool onLockedLayer = false) {
     AcDbDatabase symbol(true, true);
     AcDbObjectPointer<AcDbBlockTableRecord> space(symbol.modelSpaceId(), AcDb::kForWrite);
     auto* circle = new AcDbCircle(AcGePoint3d(), AcGeVector3d::kZAxis, radius);
@@ -26,6 +26,7 @@ void saveSymbol(const std::wstring& path, double radius) {
     space->appendAcDbEntity(circle);
     circle->close();
     space.close();
+    AcDbObjectPointer<AcDbLayerTableRecord>(symbol.layerZero(), AcDb::kForWrite)->setIsLocked(onLockedLayer);
     ASSERT_EQ(symbol.saveAs(path.c_str()), Acad::eOk) << acToUtf8(symbol.lastError());
 }
 
@@ -81,6 +82,14 @@ TEST_F(BlockLoader, what_was_by_layer_in_the_file_is_by_block_in_the_drawing) {
     EXPECT_TRUE(entity->color().isByBlock());
     EXPECT_EQ(entity->lineWeight(), AcDb::kLnWtByBlock);
     EXPECT_EQ(entity->linetypeName(), L"ByBlock");
+}
+
+TEST_F(BlockLoader, a_lock_in_the_file_does_not_keep_its_symbol_from_following_the_block) {
+    saveSymbol(mFolder + L"/Oszlopok/a.dwg", 1.0, true);
+    const S_BLOCK_DESCRIPTOR d = loadBlockTemplate(mFolder, L"Oszlopok\\a.dwg");
+    AcDbObjectPointer<AcDbBlockTableRecord> record(d.blockId, AcDb::kForRead);
+    AcDbObjectPointer<AcDbEntity> entity(record->entityIds()[0], AcDb::kForRead);
+    EXPECT_TRUE(entity->color().isByBlock());
 }
 
 TEST_F(BlockLoader, a_second_load_of_the_same_version_uses_the_same_block) {
