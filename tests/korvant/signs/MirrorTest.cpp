@@ -115,12 +115,24 @@ TEST_F(Mirror, the_sizes_of_a_mirrored_block_stay_positive) {
     TrfcBlock block(flag(-1.0), {}, 0.0, 2.0);
     block.transformBy(AcGeMatrix3d::mirroring({}, AcGeVector3d::kYAxis));
     block.setUniqueScaleFactor(1.5);
+    expectNear(block.blockRef().blockTransform() * AcGePoint3d(1.0, -1.0, 0.0), {3.0, 3.0, 0.0});
     block.setScaleFactor(4.0);
     EXPECT_DOUBLE_EQ(block.height(), kLength * 6.0);
     EXPECT_DOUBLE_EQ(block.width(), 2.0 * 6.0);
     expectNear(block.topPoint(), {0.0, kLength * 6.0, 0.0});
     block.setReferenceScale(1.0);
     expectNear(block.blockRef().blockTransform() * AcGePoint3d(1.0, -1.0, 0.0), {1.0, 1.0, 0.0});
+}
+
+TEST_F(Mirror, the_cover_of_a_mirrored_plate_is_mirrored_with_it_and_stays_so) {
+    TrfcTable table(plate(L"a.dwg"));
+    table.setType(kBlockCovered);
+    const AcGePoint3d corner(0.5, 1.0, 0.0), before = table.overlay().blockTransform() * corner;
+    const AcGeMatrix3d mirror = AcGeMatrix3d::mirroring({1.0, 2.0, 0.0}, AcGeVector3d(0.6, 0.8, 0.0));
+    table.transformBy(mirror);
+    expectNear(table.overlay().blockTransform() * corner, mirror * before);
+    table.regen();
+    expectNear(table.overlay().blockTransform() * corner, mirror * before);
 }
 
 TEST_F(Mirror, an_earlier_drawing_with_the_mirror_on_the_other_axis_is_read_with_its_picture) {
