@@ -20,14 +20,16 @@ public:
     // A flag that no mirror and no turn brings onto itself, to one side of its insertion point.
     S_BLOCK_DESCRIPTOR flag(double direction) {
         auto* line = new AcDbPolyline(5);
-        const AcGePoint2d corners[] = {{0.0, 0.0}, {1.0, direction}, {0.0, 2.0 * direction}, {-1.0, kLength * direction}, {0.0, direction}};
+        const AcGePoint2d corners[] = {
+            {0.0, 0.0}, {1.0, direction}, {0.0, 2.0 * direction}, {-1.0, kLength * direction}, {0.0, direction}};
         for (unsigned int i = 0; i < 5; ++i)
             line->addVertexAt(i, corners[i]);
         return descriptor(L"zaszlo.dwg", makeBlock({line}));
     }
     std::unique_ptr<TrfcBlockEnt> anyMarking() {
         const S_BLOCK_DESCRIPTOR symbol = flag(*rc::gen::element(1.0, -1.0));
-        auto marking = std::make_unique<TrfcBlockEnt>(symbol, AcGePoint3d(any(-9, 9), any(-9, 9), 0.0), any(-4, 4), any(0.5, 3));
+        auto marking =
+            std::make_unique<TrfcBlockEnt>(symbol, AcGePoint3d(any(-9, 9), any(-9, 9), 0.0), any(-4, 4), any(0.5, 3));
         marking->setType(kBlockEntToBeRemoved);
         return marking;
     }
@@ -36,7 +38,8 @@ public:
         AcGeVector3d along = AcGeVector3d::kXAxis;
         along.rotateBy(any(-4, 4), AcGeVector3d::kZAxis);
         // About the plane through the line, or turned over about the line: in the plan it is the same.
-        return *rc::gen::arbitrary<bool>() ? AcGeMatrix3d::mirroring(at, along.perpVector()) : AcGeMatrix3d::rotation(kPi, along, at);
+        return *rc::gen::arbitrary<bool>() ? AcGeMatrix3d::mirroring(at, along.perpVector())
+                                           : AcGeMatrix3d::rotation(kPi, along, at);
     }
 };
 
