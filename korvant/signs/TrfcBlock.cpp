@@ -3,6 +3,9 @@
 
 #include "AcDbDatabase.h"
 #include "AcUtText.h"
+#include "TrfcMirror.h"
+
+#include <cmath>
 
 ACRX_DXF_DEFINE_MEMBERS(TrfcBlock, AcDbEntity, AcDb::kDHL_1021, AcDb::kMReleaseCurrent, 0, L"Korvant Blokk",
                         L"TRFCSIGNARXAPP |Product Desc:     Traffic Block Custom Entity, abstract class")
@@ -31,9 +34,9 @@ void TrfcBlock::init(const S_BLOCK_DESCRIPTOR& descriptor, const AcGePoint3d& po
     mBlockRef.setPosition(position);
     mBlockRef.setRotation(rotation);
     updateUp();
-    mBlockRef.setScaleFactors(AcGeScale3d(scale));
-    mHeight *= scale;
-    mWidth *= scale;
+    mBlockRef.setScaleFactors(trfcUniformScale(scale));
+    mHeight *= std::abs(scale);
+    mWidth *= std::abs(scale);
     updateTop();
     makeAttributes();
 }
@@ -116,6 +119,10 @@ double TrfcBlock::scaleFactor() const {
     return mBlockRef.scaleFactors().sx;
 }
 
+double TrfcBlock::mirrorSign() const {
+    return trfcMirrorSign(mBlockRef);
+}
+
 double TrfcBlock::uniqueScaleFactor() const {
     assertReadEnabled();
     return mUniqueScale;
@@ -123,11 +130,11 @@ double TrfcBlock::uniqueScaleFactor() const {
 
 void TrfcBlock::setScaleFactor(double factor) {
     assertWriteEnabled();
-    const double oldScale = scaleFactor(), newScale = factor * mUniqueScale;
+    const double oldScale = scaleFactor(), newScale = factor * mUniqueScale * mirrorSign();
     if (newScale != oldScale) {
         if (oldScale == 0.0)
             measureAgain();
-        mBlockRef.setScaleFactors(AcGeScale3d(newScale));
+        mBlockRef.setScaleFactors(trfcUniformScale(newScale));
         resize(oldScale == 0.0 ? newScale : newScale / oldScale);
     }
     regen();
@@ -135,7 +142,7 @@ void TrfcBlock::setScaleFactor(double factor) {
 
 void TrfcBlock::setReferenceScale(double factor) {
     assertWriteEnabled();
-    mBlockRef.setScaleFactors(AcGeScale3d(factor));
+    mBlockRef.setScaleFactors(trfcUniformScale(factor * mirrorSign()));
 }
 
 void TrfcBlock::setUniqueScaleFactor(double factor) {
@@ -143,7 +150,7 @@ void TrfcBlock::setUniqueScaleFactor(double factor) {
     if (factor != mUniqueScale) {
         // From 0 there is no way back but through the next setScaleFactor, which knows the size of the kind.
         const double ratio = mUniqueScale != 0.0 ? factor / mUniqueScale : 0.0;
-        mBlockRef.setScaleFactors(AcGeScale3d(scaleFactor() * ratio));
+        mBlockRef.setScaleFactors(trfcUniformScale(scaleFactor() * ratio));
         mUniqueScale = factor;
         resize(ratio);
     }
@@ -176,6 +183,7 @@ Acad::ErrorStatus TrfcBlock::PlusTransformBy(const AcGeMatrix3d& matrix) {
     mUpVector.transformBy(matrix);
     mTopPoint.transformBy(matrix);
     const Acad::ErrorStatus es = mBlockRef.transformBy(matrix);
+    trfcLayMirrorOnWidth(mBlockRef);
     for (const auto& attribute : mAttributes)
         attribute->transformBy(matrix);
     return es;

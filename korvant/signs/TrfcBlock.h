@@ -18,18 +18,18 @@ public:
     TrfcBlock(const S_BLOCK_DESCRIPTOR& descriptor, const AcGePoint3d& position, double rotation, double scale);
     ~TrfcBlock() override;
 
-    // Takes the library block: measures it, places it, makes its attributes anew.
+    // Takes the library block: measures it, places it, makes its attributes anew. A negative scale mirrors it.
     virtual void init(const S_BLOCK_DESCRIPTOR& descriptor, const AcGePoint3d& position, double rotation, double scale);
     virtual bool hasMTextAttribute() const;
     virtual AcGePoint3d position() const;
     virtual AcGePoint3d centroid() const;
     virtual double rotation() const;
-    virtual double scaleFactor() const; // of the reference, the unique scale included
+    virtual double scaleFactor() const; // of the reference, the unique scale included; negative for a mirrored symbol
     virtual void setRotation(double radians);
     virtual void rotateBy(double radians);
     virtual void setPosition(const AcGePoint3d& point);
     virtual void offset(const AcGeVector3d& vector);
-    // The reference takes factor times the unique scale.
+    // The reference takes factor times the unique scale; a mirrored symbol stays mirrored.
     virtual void setScaleFactor(double factor);
     // The reference's factor alone: width, height and top stay. For a foot, on which nothing stacks.
     void setReferenceScale(double factor);
@@ -65,6 +65,7 @@ public:
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
 
 protected:
+    double mirrorSign() const; // -1 for a mirrored symbol, otherwise 1
     bool subWorldDraw(AcGiWorldDraw* worldDraw) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entities) const override;

@@ -80,15 +80,16 @@ void TrfcBlockEnt::eraseOverlayBlock() {
     mOverlay.turnOff();
 }
 
-// Twice the short side at most, so that the overlay keeps a sane proportion on long and on tall symbols.
+// Twice the short side at most, so that the overlay keeps a sane proportion on long and on tall symbols. A
+// marking hangs below its insertion point, so its top point is its foot, and the overlay stands on that.
 void TrfcBlockEnt::fitOverlay() {
-    const double w = width(), h = height();
+    const double w = width(), h = height(), side = mirrorSign();
     if (w / h > 2.0)
-        mOverlay.fit(topPoint(), h * 2.0, h, rotation());
+        mOverlay.fit(topPoint(), side * h * 2.0, h, rotation());
     else if (w / h < 0.5)
-        mOverlay.fit(topPoint() - upVector().normal() * (h / 2.0 - w), w, w * 2.0, rotation());
+        mOverlay.fit(topPoint() - upVector().normal() * (h / 2.0 - w), side * w, w * 2.0, rotation());
     else
-        mOverlay.fit(topPoint(), w, h, rotation());
+        mOverlay.fit(topPoint(), side * w, h, rotation());
 }
 
 void TrfcBlockEnt::regen() {

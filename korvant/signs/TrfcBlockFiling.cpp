@@ -2,6 +2,7 @@
 #include "TrfcBlock.h"
 
 #include "TrfcFieldFiler.h"
+#include "TrfcMirror.h"
 
 namespace {
 void writeUserParams(AcDbDwgFiler* filer, const std::map<std::wstring, std::wstring>& params) {
@@ -88,6 +89,7 @@ void TrfcBlock::readPlace(AcDbDwgFiler* filer) {
     mBlockRef.setPosition(position);
     mBlockRef.setRotation(rotation);
     mBlockRef.setScaleFactors(scale);
+    trfcLayMirrorOnWidth(mBlockRef);
 }
 
 void TrfcBlock::readDescriptor(AcDbDwgFiler* filer) {

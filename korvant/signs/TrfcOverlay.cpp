@@ -2,6 +2,7 @@
 #include "TrfcOverlay.h"
 
 #include "TrfcDrawingUtils.h"
+#include "TrfcMirror.h"
 
 void TrfcOverlay::turnOn(AcDbObjectId symbol) {
     mReference.setBlockTableRecord(symbol);
@@ -30,8 +31,10 @@ void TrfcOverlay::explode(AcDbVoidPtrArray& entities) const {
 }
 
 void TrfcOverlay::transformBy(const AcGeMatrix3d& matrix) {
-    if (mIsOn)
-        mReference.transformBy(matrix);
+    if (!mIsOn)
+        return;
+    mReference.transformBy(matrix);
+    trfcLayMirrorOnWidth(mReference);
 }
 
 void TrfcOverlay::dwgOutFields(AcDbDwgFiler* filer) const {

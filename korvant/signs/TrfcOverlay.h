@@ -10,7 +10,8 @@ public:
     const AcDbBlockReference& reference() const { return mReference; }
     void turnOn(AcDbObjectId symbol); // its owner fits it then
     void turnOff() { mIsOn = false; }
-    // The symbol has a unit extent, so width and height are its scale factors. Nothing while it is off.
+    // The symbol has a unit extent, so width and height are its scale factors; a negative width is that of a
+    // mirrored block. Nothing while it is off.
     void fit(const AcGePoint3d& position, double width, double height, double rotation);
     void draw(AcGiWorldDraw* worldDraw); // the traits are as before afterwards
     void explode(AcDbVoidPtrArray& entities) const;

@@ -53,7 +53,7 @@ void TrfcTypedBlock::eraseOverlayBlock() {
 }
 
 void TrfcTypedBlock::fitOverlay() {
-    mOverlay.fit(position(), width(), height(), rotation());
+    mOverlay.fit(position(), mirrorSign() * width(), height(), rotation());
 }
 
 void TrfcTypedBlock::regen() {

@@ -170,11 +170,12 @@ void CEditBlockChainDlg::OnAddLamp() {
     if (path.empty())
         return;
     auto lamp = std::make_unique<TrfcLamp>(loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_LAMPS_BASE_PATH), path));
-    if (mChain.appendBlockUpward(lamp.get()) != Acad::eOk)
+    // Lamps hang: the axis of a lamp arm points at the foot, and the lamps lead away from it.
+    if (mChain.appendBlockDownward(lamp.get()) != Acad::eOk)
         return;
     lamp.release();
     refreshPreview();
-    select(mChain.upCount() - 1);
+    select(mChain.size() - 1);
 }
 
 void CEditBlockChainDlg::OnDelete() {

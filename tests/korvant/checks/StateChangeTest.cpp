@@ -84,7 +84,7 @@ TEST_F(StateChange, signs_are_covered_and_uncovered) {
 TEST_F(StateChange, lamps_follow_the_signs_column) {
     auto made = newPost(0);
     const int lamp = made->addLampChain({10.0, 0.0, 0.0});
-    made->lampChain(lamp).appendBlockUpward(newLamp());
+    made->lampChain(lamp).appendBlockDownward(newLamp());
     TrfcTypedBlock::cast(made->lampChain(lamp).getAt(0))->setType(kBlockPlanned);
     const AcDbObjectId id = resident(std::move(made));
     data().signPlannedToExisting = true;

@@ -9,7 +9,7 @@
 
 namespace {
 using Titles = std::vector<std::wstring>;
-constexpr int kTables = 1;
+constexpr int kTables = 1, kFirstLamp = 2;
 
 class ChainPage : public PostDialog {
 protected:
@@ -29,6 +29,12 @@ protected:
         const bool reported = AfxIsDialogOpen();
         AfxCancelAllDialogs();
         return reported;
+    }
+    void addsLamp() { user.does(L"@click \"Új lámpa\"").does(L"@select 300 \"Sárga\"").does(L"@select 301 0").does(L"@ok"); }
+    static AcDbExtents extentsOf(const AcDbEntity& entity) {
+        AcDbExtents extents;
+        EXPECT_EQ(entity.getGeomExtents(extents), Acad::eOk);
+        return extents;
     }
 };
 std::wstring individualName(const AcGePoint3d& foot) {
@@ -262,15 +268,41 @@ TEST_F(ChainPage, a_block_with_a_multiline_attribute_is_refused) {
     EXPECT_TRUE(hasLineWith(user.printed(), L"Többsoros attribútumdefiníciót tartalmazó blokkot nem lehet beszúrni!"));
 }
 
-TEST_F(ChainPage, a_new_lamp_is_the_last_block_and_selected) {
+TEST_F(ChainPage, a_new_lamp_hangs_from_the_chain_and_is_selected_as_its_last_block) {
     addTable(L"Jelzés\\A-010.dwg");
-    user.does(L"@click \"Új lámpa\"").does(L"@select 300 \"Sárga\"").does(L"@select 301 0").does(L"@ok");
-    user.sees([&] {
-        EXPECT_EQ(chainPage().selectedIndex(), 1);
-        EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY));
-    });
+    for (const int place : {1, 2}) {
+        addsLamp();
+        user.sees([&, place] {
+            EXPECT_EQ(chainPage().selectedIndex(), place);
+            EXPECT_FALSE(isEnabled(IDC_COMPLEMENTARY));
+        });
+    }
     runPage(kTables);
-    EXPECT_EQ(tables(), (Titles{L"A-010", L"Villogó"}));
+    EXPECT_EQ(tables(), (Titles{L"A-010", L"Villogó", L"Villogó"}));
+    const TrfcBlockChain& chain = post->signChain();
+    EXPECT_EQ(chain.upCount(), 1);
+    const AcDbExtents lamps = extentsOf(chain.getAt(1)->blockRef());
+    EXPECT_NEAR(lamps.maxPoint().y, chain.position().y, 1e-9);
+    EXPECT_LT(extentsOf(chain.getAt(2)->blockRef()).maxPoint().y, lamps.minPoint().y + 1e-9);
+}
+
+TEST_F(ChainPage, the_lamps_of_an_arm_lead_away_from_the_foot_and_a_cover_lies_on_its_lamp) {
+    post->addLampChain({120.0, 200.0, 0.0}); // to the right of the foot
+    addsLamp();
+    addsLamp();
+    user.does(L"@select 212 \"Letakart\"");
+    runPage(kFirstLamp);
+    const TrfcBlockChain& chain = post->lampChain(0);
+    ASSERT_EQ(chain.size(), 2);
+    const AcDbExtents inner = extentsOf(chain.getAt(0)->blockRef()), outer = extentsOf(chain.getAt(1)->blockRef());
+    EXPECT_NEAR(inner.minPoint().x, chain.position().x, 1e-9);
+    EXPECT_NEAR(outer.minPoint().x, inner.maxPoint().x, 1e-9);
+    EXPECT_GT(chain.position().x, post->pointA().x);
+    const auto* const covered = TrfcTypedBlock::cast(chain.getAt(1));
+    ASSERT_TRUE(covered->hasOverlay());
+    const AcDbExtents cover = extentsOf(covered->overlay());
+    EXPECT_LT(cover.minPoint().distanceTo(outer.minPoint()), 1e-9);
+    EXPECT_LT(cover.maxPoint().distanceTo(outer.maxPoint()), 1e-9);
 }
 
 TEST_F(ChainPage, deleting_the_last_block_selects_the_one_before) {

@@ -5,10 +5,32 @@
 #include "TrfcBlockEnt.h"
 #include "TrfcStateChangeData.h"
 
+#include <cmath>
+#include <ostream>
+
 namespace {
 class BlockEnt : public SignsFixture {
 protected:
-    S_BLOCK_DESCRIPTOR box(double width, double height) { return descriptor(L"jel.dwg", boxBlock(-width / 2.0, 0.0, width / 2.0, height)); }
+    // A marking hangs below its insertion point.
+    S_BLOCK_DESCRIPTOR box(double width, double height) { return descriptor(L"jel.dwg", boxBlock(-width / 2.0, -height, width / 2.0, 0.0)); }
+    // The overlay on the paper, as a share of the symbol's own box.
+    struct Cover {
+        double left, bottom, right, top;
+        friend bool operator==(const Cover&, const Cover&) = default;
+        friend std::ostream& operator<<(std::ostream& out, const Cover& c) { return out << c.left << ' ' << c.bottom << ' ' << c.right << ' ' << c.top; }
+    };
+    static AcDbExtents boxOf(const AcDbEntity& entity) {
+        AcDbExtents extents;
+        EXPECT_EQ(entity.getGeomExtents(extents), Acad::eOk);
+        return extents;
+    }
+    static Cover cover(const TrfcBlockEnt& marking) {
+        const AcDbExtents symbol = boxOf(marking.blockRef()), overlay = boxOf(marking.overlay());
+        const AcGeVector3d size = symbol.maxPoint() - symbol.minPoint();
+        const AcGeVector3d low = overlay.minPoint() - symbol.minPoint(), high = overlay.maxPoint() - symbol.minPoint();
+        const auto share = [](double part, double whole) { return std::round(part / whole * 1e9) / 1e9; };
+        return {share(low.x, size.x), share(low.y, size.y), share(high.x, size.x), share(high.y, size.y)};
+    }
     S_BLOCK_DESCRIPTOR filledBox() {
         auto* hatch = new AcDbHatch;
         AcDbHatch::Loop loop;
@@ -39,30 +61,34 @@ TEST_F(BlockEnt, the_size_does_not_change_with_the_state) {
     EXPECT_DOUBLE_EQ(marking.scaleFactor(), 2.0);
 }
 
-TEST_F(BlockEnt, a_wide_marking_has_an_overlay_twice_its_height_at_its_top) {
+TEST_F(BlockEnt, the_overlay_of_a_wide_marking_is_twice_its_height_in_the_middle_of_it) {
     TrfcBlockEnt marking(box(5.0, 1.0));
     marking.setType(kBlockEntToBeRemoved);
     EXPECT_EQ(marking.overlay().scaleFactors(), AcGeScale3d(2.0, 1.0, 1.0));
     expectNear(marking.overlay().position(), marking.topPoint());
+    EXPECT_EQ(cover(marking), (Cover{0.3, 0.0, 0.7, 1.0}));
 }
 
-TEST_F(BlockEnt, a_tall_marking_has_an_overlay_twice_its_width_set_back_from_its_top) {
+TEST_F(BlockEnt, the_overlay_of_a_tall_marking_is_twice_its_width_in_the_middle_of_it) {
     TrfcBlockEnt marking(box(1.0, 5.0));
     marking.setType(kBlockEntToBeRemoved);
     EXPECT_EQ(marking.overlay().scaleFactors(), AcGeScale3d(1.0, 2.0, 1.0));
-    expectNear(marking.overlay().position(), {0.0, 5.0 - 1.5, 0.0});
+    expectNear(marking.overlay().position(), {0.0, -5.0 + 1.5, 0.0});
+    EXPECT_EQ(cover(marking), (Cover{0.0, 0.3, 1.0, 0.7}));
 }
 
 TEST_F(BlockEnt, a_marking_of_sane_proportion_is_covered_whole_and_its_overlay_follows) {
     TrfcBlockEnt marking(box(2.0, 1.0));
     marking.setType(kBlockEntToBeRemoved);
     EXPECT_EQ(marking.overlay().scaleFactors(), AcGeScale3d(2.0, 1.0, 1.0));
+    EXPECT_EQ(cover(marking), (Cover{0.0, 0.0, 1.0, 1.0}));
     marking.setRotation(kHalfPi);
     marking.setScaleFactor(2.0);
     marking.setPosition({10.0, 0.0, 0.0});
     EXPECT_EQ(marking.overlay().scaleFactors(), AcGeScale3d(4.0, 2.0, 1.0));
-    expectNear(marking.overlay().position(), {8.0, 0.0, 0.0});
+    expectNear(marking.overlay().position(), {12.0, 0.0, 0.0});
     EXPECT_DOUBLE_EQ(marking.overlay().rotation(), kHalfPi);
+    EXPECT_EQ(cover(marking), (Cover{0.0, 0.0, 1.0, 1.0}));
 }
 
 TEST_F(BlockEnt, exactly_twice_as_long_as_wide_counts_as_sane) {
@@ -70,7 +96,7 @@ TEST_F(BlockEnt, exactly_twice_as_long_as_wide_counts_as_sane) {
         TrfcBlockEnt marking(box(width, height));
         marking.setType(kBlockEntToBeRemoved);
         EXPECT_EQ(marking.overlay().scaleFactors(), AcGeScale3d(width, height, 1.0));
-        expectNear(marking.overlay().position(), marking.topPoint());
+        EXPECT_EQ(cover(marking), (Cover{0.0, 0.0, 1.0, 1.0}));
     }
 }
 
@@ -133,10 +159,12 @@ TEST_F(BlockEnt, its_grips_take_the_overlay_along) {
     TrfcBlockEnt marking(box(5.0, 1.0));
     marking.setType(kBlockEntToBeRemoved);
     dragGrip(marking, L"grip1", {2.0, 3.0, 0.0});
-    expectNear(marking.overlay().position(), {2.0, 4.0, 0.0});
-    dragGrip(marking, L"grip2", {-1.0, -1.0, 0.0}); // a quarter turn to the left
-    expectNear(marking.overlay().position(), {1.0, 3.0, 0.0});
+    expectNear(marking.overlay().position(), {2.0, 2.0, 0.0});
+    EXPECT_EQ(cover(marking), (Cover{0.3, 0.0, 0.7, 1.0}));
+    dragGrip(marking, L"grip2", {1.0, 1.0, 0.0}); // a quarter turn to the left
+    expectNear(marking.overlay().position(), {3.0, 3.0, 0.0});
     EXPECT_NEAR(marking.overlay().rotation(), kHalfPi, 1e-12);
+    EXPECT_EQ(cover(marking), (Cover{0.0, 0.3, 1.0, 0.7}));
 }
 
 TEST_F(BlockEnt, a_new_symbol_keeps_place_turn_scale_and_state) {
@@ -153,7 +181,8 @@ TEST_F(BlockEnt, a_transformation_takes_the_overlay_along) {
     TrfcBlockEnt marking(box(1.0, 1.0));
     marking.setType(kBlockEntToBeRemoved);
     marking.transformBy(AcGeMatrix3d::translation({5.0, 0.0, 0.0}));
-    expectNear(marking.overlay().position(), {5.0, 1.0, 0.0});
+    expectNear(marking.overlay().position(), {5.0, -1.0, 0.0});
+    EXPECT_EQ(cover(marking), (Cover{0.0, 0.0, 1.0, 1.0}));
 }
 
 TEST_F(BlockEnt, its_dialog_works_on_a_clone) {
