@@ -43,7 +43,7 @@ TEST(DwgLineWeight, entities_and_layers_come_back_with_each_of_them) {
         ASSERT_EQ(line->setLineWeight(static_cast<AcDb::LineWeight>(weight)), Acad::eOk);
         expected[sampleAppend(db, line).handle()] = weight;
         auto* const layer = new AcDbLayerTableRecord;
-        layer->setName(std::to_wstring(weight).c_str());
+        layer->setName((L"W" + std::to_wstring(weight)).c_str());
         AcDbObjectId id;
         ASSERT_EQ(AcDbObjectPointer<AcDbLayerTable>(db.layerTableId(), AcDb::kForWrite)->add(id, layer), Acad::eOk);
         layer->setLineWeight(static_cast<AcDb::LineWeight>(weight));
@@ -56,9 +56,7 @@ TEST(DwgLineWeight, entities_and_layers_come_back_with_each_of_them) {
     for (const auto& [handle, weight] : expected) {
         AcDbObjectId id;
         ASSERT_EQ(again.getAcDbObjectId(id, false, AcDbHandle(handle)), Acad::eOk);
-        if (const auto* const layer = AcDbLayerTableRecord::cast(DbObjectAccess::peek(id)))
-            EXPECT_EQ(DbObjectAccess::peek(id) != nullptr ? AcDbObjectPointer<AcDbLayerTableRecord>(id)->lineWeight() : -9, weight) << layer;
-        else
-            EXPECT_EQ(AcDbObjectPointer<AcDbEntity>(id)->lineWeight(), weight);
+        const bool isLayer = AcDbLayerTableRecord::cast(DbObjectAccess::peek(id)) != nullptr;
+        EXPECT_EQ(isLayer ? AcDbObjectPointer<AcDbLayerTableRecord>(id)->lineWeight() : AcDbObjectPointer<AcDbEntity>(id)->lineWeight(), weight);
     }
 }

@@ -1,12 +1,11 @@
 // A selection as it grows and shrinks, and the sets that modules hold.
+#include "AcDbEntities.h"
 #include "AcEdAds.h"
 #include "EdSession.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-bool gFound = false;
-
 AcDbObjectId pointAt(EdSession& user, double x) {
     AcDbObjectId id;
     EXPECT_EQ(edAppend(user.db(), new AcDbPoint({x, 0.0, 0.0}), id), Acad::eOk);
