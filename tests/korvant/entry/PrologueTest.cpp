@@ -37,7 +37,7 @@ constexpr Beginning kBeginnings[] = {
     {L"KVQ", false, false},
     {L"KVSDF", true, false},
     {L"KVST", true, true, L"@cancel"},
-    {L"KVELL", true, false},
+    {L"KVELL", true, false, L"@cancel"},
     {L"KVBLOKK", true, true},
     {L"KVIMP", true, false},
     {L"KVT", true, false},
