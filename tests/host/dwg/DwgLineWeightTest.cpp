@@ -40,8 +40,9 @@ TEST(DwgLineWeight, entities_and_layers_come_back_with_each_of_them) {
     AcDbDatabase db;
     for (const int weight : kByNumber) {
         auto* const line = new AcDbLine({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0});
-        ASSERT_EQ(line->setLineWeight(static_cast<AcDb::LineWeight>(weight)), Acad::eOk);
-        expected[sampleAppend(db, line).handle()] = weight;
+        const AcDbObjectId lineId = sampleAppend(db, line); // with the drawing's current properties
+        ASSERT_EQ((AcDbObjectPointer<AcDbEntity>(lineId, AcDb::kForWrite)->setLineWeight(static_cast<AcDb::LineWeight>(weight))), Acad::eOk);
+        expected[lineId.handle()] = weight;
         auto* const layer = new AcDbLayerTableRecord;
         layer->setName((L"W" + std::to_wstring(weight)).c_str());
         AcDbObjectId id;
