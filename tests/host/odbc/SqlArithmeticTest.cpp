@@ -5,9 +5,9 @@ namespace {
 class SqlArithmetic : public testing::Test {
 protected:
     void SetUp() override {
-        database.ExecuteSQL(L"CREATE TABLE N (ID NUMBER, L LONG, S SHORT, Y BYTE, C CURRENCY, V NUMBER)");
-        database.ExecuteSQL(L"INSERT INTO N VALUES (1,5,5,5,5,5)");
-        database.ExecuteSQL(L"INSERT INTO N VALUES (2,-5,-5,2,-5,-5)");
+        database.ExecuteSQL(L"CREATE TABLE N (ID NUMBER, L LONG, S SHORT, Y BYTE, C CURRENCY, V NUMBER, TWO LONG)");
+        database.ExecuteSQL(L"INSERT INTO N VALUES (1,5,5,5,5,5,2)");
+        database.ExecuteSQL(L"INSERT INTO N VALUES (2,-5,-5,2,-5,-5,2)");
     }
     std::wstring value(const std::wstring& expression) {
         const Rows rows = rowsOf(database, L"SELECT " + expression + L" FROM N WHERE ID=1");
@@ -21,6 +21,8 @@ protected:
 TEST_F(SqlArithmetic, the_quotient_of_whole_numbers_is_real_in_every_kind_of_column) {
     for (const wchar_t* const column : {L"L", L"S", L"Y", L"C", L"V"}) {
         EXPECT_EQ(value(std::wstring(column) + L"/2"), L"2.5") << acToUtf8(column);
+        EXPECT_EQ(value(std::wstring(column) + L"/TWO"), L"2.5") << acToUtf8(column) << ": no literal lends its kind";
+        EXPECT_EQ(value(std::wstring(L"TWO/") + column), L"0.4") << acToUtf8(column);
         EXPECT_EQ(value(std::wstring(L"12/") + column), L"2.4") << acToUtf8(column);
         EXPECT_EQ(value(std::wstring(column) + L"/" + column), L"1") << acToUtf8(column);
     }
@@ -31,10 +33,10 @@ TEST_F(SqlArithmetic, the_quotient_of_whole_numbers_is_real_in_every_kind_of_col
 }
 
 TEST_F(SqlArithmetic, conditions_and_updates_divide_the_same_way) {
-    EXPECT_EQ(rowsOf(database, L"SELECT ID FROM N WHERE L/2=2.5"), (Rows{{L"1"}}));
-    EXPECT_EQ(rowsOf(database, L"SELECT ID FROM N WHERE L/2=2"), Rows{});
-    EXPECT_EQ(rowsOf(database, L"SELECT ID FROM N WHERE S/2<-2"), (Rows{{L"2"}}));
-    database.ExecuteSQL(L"UPDATE N SET V=L/2");
+    EXPECT_EQ(rowsOf(database, L"SELECT ID FROM N WHERE L/TWO=2.5"), (Rows{{L"1"}}));
+    EXPECT_EQ(rowsOf(database, L"SELECT ID FROM N WHERE L/TWO=2"), Rows{});
+    EXPECT_EQ(rowsOf(database, L"SELECT ID FROM N WHERE S/TWO<-2"), (Rows{{L"2"}}));
+    database.ExecuteSQL(L"UPDATE N SET V=L/TWO");
     EXPECT_EQ(rowsOf(database, L"SELECT V FROM N"), (Rows{{L"2.5"}, {L"-2.5"}}));
 }
 
