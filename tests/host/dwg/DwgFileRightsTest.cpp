@@ -4,12 +4,11 @@
 #include "AcDbDatabase.h"
 #include "Drawings.h"
 #include "DwgCodec.h"
+#include "OpenDescriptors.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <iterator>
 #include <sys/stat.h>
 
 namespace {
@@ -26,11 +25,6 @@ struct DwgFileRights : testing::Test {
     }
     std::string folder, path;
 };
-// Descriptors that this process holds open.
-std::ptrdiff_t openDescriptors() {
-    const std::filesystem::directory_iterator all("/proc/self/fd");
-    return std::distance(begin(all), end(all));
-}
 } // namespace
 
 TEST_F(DwgFileRights, a_saved_drawing_keeps_the_rights_of_the_file_it_replaces) {

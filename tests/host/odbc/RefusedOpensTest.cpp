@@ -1,16 +1,8 @@
 // A database that is refused leaves no descriptor open: a program that tries often must not run out of them.
 #include "OdbcTestSupport.h"
-
-#include "AcPath.h"
-
-#include <filesystem>
-#include <iterator>
+#include "OpenDescriptors.h"
 
 namespace {
-std::ptrdiff_t openDescriptors() {
-    const std::filesystem::directory_iterator all("/proc/self/fd");
-    return std::distance(begin(all), end(all));
-}
 void refuseOpen(const std::wstring& connect) {
     CDatabase database;
     refusal([&] { database.Open(nullptr, FALSE, FALSE, connect.c_str()); });
