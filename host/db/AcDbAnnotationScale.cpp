@@ -102,6 +102,9 @@ std::vector<AcDbAnnotationScaleReactor*>& reactors() {
 constexpr const ACHAR* kCurrentScale = L"CANNOSCALE";
 } // namespace
 
+const std::vector<AcDbAnnotationScaleReactor*>& dbScaleReactors() {
+    return reactors();
+}
 void acdbAddAnnotationScaleReactor(AcDbAnnotationScaleReactor* reactor) {
     if (reactor != nullptr && std::find(reactors().begin(), reactors().end(), reactor) == reactors().end())
         reactors().push_back(reactor);

@@ -4,6 +4,7 @@
 #include "AcDbAnnotationScale.h"
 
 #include <memory>
+#include <vector>
 
 std::unique_ptr<AcDbObjectContextManager> dbNewContextManager(AcDbDatabase& db);
 // Fills the list with the usual metric scales of a drawing in metres; those that are there stay.
@@ -12,3 +13,5 @@ void dbAddUsualScales(AcDbDatabase& db);
 AcDbDictionary* dbNamedDictionary(AcDbDatabase& db, const ACHAR* name, AcDb::OpenMode mode, bool create);
 std::wstring dbDrawingVariable(const AcDbDatabase& db, const ACHAR* name);
 void dbSetDrawingVariable(AcDbDatabase& db, const ACHAR* name, const std::wstring& value);
+// Who is told of a change of the scale, in the order of the telling.
+const std::vector<AcDbAnnotationScaleReactor*>& dbScaleReactors();

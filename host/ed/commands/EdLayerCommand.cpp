@@ -141,7 +141,8 @@ void optionRename(AcDbDatabase& db) {
     const AcDbObjectId id = edFindRecord<AcDbLayerTable>(db, *from);
     if (id.isNull() || id == db.layerZero())
         return edFail(L"\"" + *from + L"\" cannot be renamed.");
-    if (!edIsSymbolName(*to) || !edFindRecord<AcDbLayerTable>(db, *to).isNull())
+    const AcDbObjectId taken = edFindRecord<AcDbLayerTable>(db, *to); // names know no case: it may be the layer itself
+    if (!edIsSymbolName(*to) || (!taken.isNull() && taken != id))
         return edFail(L"\"" + *to + L"\" cannot be the new name.");
     AcDbObjectPointer<AcDbLayerTableRecord>(id, AcDb::kForWrite)->setName(to->c_str());
 }

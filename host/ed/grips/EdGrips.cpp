@@ -41,10 +41,7 @@ Acad::ErrorStatus move(const EdGrip& grip, const AcGeVector3d& offset) {
     AcDbObjectPointer<AcDbEntity> entity(grip.entity, AcDb::kForWrite);
     if (!entity)
         return entity.openStatus();
-    const Acad::ErrorStatus es = moveOn(*entity.object(), grip, offset);
-    if (es == Acad::eOk)
-        entity->recordGraphicsModified();
-    return es;
+    return moveOn(*entity.object(), grip, offset); // which also marks its picture as changed
 }
 Acad::ErrorStatus show(const EdGrip& grip, const AcGeVector3d& offset, std::vector<std::wstring>& primitives) {
     const AcDbObjectPointer<AcDbEntity> entity(grip.entity);
