@@ -30,6 +30,8 @@ void dbReportBreach(const AcDbObject& object, Acad::ErrorStatus status) {
 // ---- opening -----------------------------------------------------------------------
 namespace {
 bool isOnLockedLayer(const AcDbObject& object) {
+    if (!DbObjectAccess::data(*object.objectId().database()).hadLockedLayer)
+        return false;
     const AcDbEntity* const entity = AcDbEntity::cast(&object);
     return entity != nullptr && DbObjectAccess::isOnLockedLayer(*entity);
 }

@@ -1,6 +1,7 @@
 // Layers, text styles, line types, viewports and the records that are kept as they came.
 #include "AcDbSymbolTables.h"
 
+#include "DbDatabaseData.h"
 #include "DbFieldFiling.h"
 
 #include <cmath>
@@ -32,12 +33,18 @@ HOST_RX_DEFINE(AcDbViewportTableRecord, AcDbSymbolTableRecord, L"VPORT")
 DB_SETTER(AcDbLayerTableRecord, setColor, const AcCmColor&, mColor)
 DB_SETTER(AcDbLayerTableRecord, setIsOff, bool, mOff)
 DB_SETTER(AcDbLayerTableRecord, setIsFrozen, bool, mFrozen)
-DB_SETTER(AcDbLayerTableRecord, setIsLocked, bool, mLocked)
 DB_SETTER(AcDbLayerTableRecord, setVPDFLT, bool, mFrozenInNew)
 DB_SETTER(AcDbLayerTableRecord, setIsPlottable, bool, mPlottable)
 DB_SETTER(AcDbLayerTableRecord, setLineWeight, AcDb::LineWeight, mLineWeight)
 DB_SETTER(AcDbLayerTableRecord, setLinetypeObjectId, AcDbObjectId, mLinetype)
 
+Acad::ErrorStatus AcDbLayerTableRecord::setIsLocked(bool locked) {
+    assertWriteEnabled();
+    mLocked = locked;
+    if (database() != nullptr)
+        DbObjectAccess::data(*database()).noteLock(*this);
+    return Acad::eOk;
+}
 Acad::ErrorStatus AcDbLayerTableRecord::dwgOutFields(AcDbDwgFiler* filer) const {
     AcDbSymbolTableRecord::dwgOutFields(filer);
     DbFieldsOut out(*filer);
@@ -50,6 +57,8 @@ Acad::ErrorStatus AcDbLayerTableRecord::dwgInFields(AcDbDwgFiler* filer) {
     DbFieldsIn in(*filer);
     in.value(mColor), in.value(mOff), in.value(mFrozen), in.value(mLocked), in.value(mFrozenInNew);
     in.value(mPlottable), in.value(mLineWeight), in.hardPointer(mLinetype), in.hardPointer(mPlotStyle);
+    if (database() != nullptr)
+        DbObjectAccess::data(*database()).noteLock(*this);
     return filer->filerStatus();
 }
 

@@ -25,6 +25,9 @@ struct AcDbDatabaseImpData {
     std::unique_ptr<AcDbObjectContextManager> contexts;
     DbUndoLog undo;
     bool loading = false, changed = false;
+    // A layer is or was locked. Until then an opening for write, which every edit begins with, need not ask.
+    bool hadLockedLayer = false;
+    void noteLock(const AcDbObject& object); // of a layer that has come or changed
 
     AcDbStub& newStub(AcDbDatabase& db, Adesk::UInt64 handle);
     void deleteObjects();

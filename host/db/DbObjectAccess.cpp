@@ -14,6 +14,10 @@ AcDbStub& AcDbDatabaseImpData::newStub(AcDbDatabase& db, Adesk::UInt64 handle) {
     handseed = std::max(handseed, handle + 1);
     return stub;
 }
+void AcDbDatabaseImpData::noteLock(const AcDbObject& object) {
+    const AcDbLayerTableRecord* const layer = AcDbLayerTableRecord::cast(&object);
+    hadLockedLayer = hadLockedLayer || (layer != nullptr && layer->isLocked());
+}
 void AcDbDatabaseImpData::deleteObjects() {
     for (AcDbStub& stub : stubs) {
         gDbOpenObjects -= stub.readers + (stub.writer ? 1 : 0);
@@ -34,6 +38,7 @@ void DbObjectAccess::place(AcDbDatabase& db, AcDbObjectId id, std::unique_ptr<Ac
     object->mId = id;
     delete stub.object;
     stub.object = object.release();
+    data(db).noteLock(*stub.object);
     data(db).changed = true;
     namesChanged();
 }
@@ -54,15 +59,21 @@ std::vector<AcDbObjectId> DbObjectAccess::allIds(const AcDbDatabase& db) {
 void DbObjectAccess::setHandseed(AcDbDatabase& db, AcDbHandle seed) {
     data(db).handseed = std::max<Adesk::UInt64>(data(db).handseed, seed);
 }
+// Asked at each opening for write, so the classes of nearly every case are told by one comparison.
 bool DbObjectAccess::isOnLockedLayer(const AcDbEntity& entity) {
+    static const AcRxClass* const layerClass = AcDbLayerTableRecord::desc();
+    static const AcRxClass* const blockClass = AcDbBlockTableRecord::desc();
     const auto isLocked = [](AcDbObjectId id) {
-        const AcDbLayerTableRecord* const layer = AcDbLayerTableRecord::cast(peek(id));
-        return layer != nullptr && layer->isLocked();
+        const AcDbObject* const layer = peek(id);
+        return layer != nullptr && layer->isA() == layerClass && static_cast<const AcDbLayerTableRecord*>(layer)->isLocked();
     };
     if (isLocked(entity.mLayer))
         return true;
-    const AcDbEntity* const owner = AcDbEntity::cast(peek(entity.ownerId())); // null in nearly every case: a block owns it
-    return owner != nullptr && isLocked(owner->mLayer);
+    const AcDbObject* const owner = peek(entity.ownerId());
+    if (owner == nullptr || owner->isA() == blockClass)
+        return false;
+    const AcDbEntity* const holder = AcDbEntity::cast(owner);
+    return holder != nullptr && isLocked(holder->mLayer);
 }
 AcDbObjectImpData& DbObjectAccess::data(AcDbObject& object) {
     if (object.mData == nullptr)
@@ -102,6 +113,7 @@ Acad::ErrorStatus DbObjectAccess::adopt(AcDbDatabase& db, AcDbObject& object, Ac
     data(object).owner = owner;
     if (AcDbEntity* const entity = AcDbEntity::cast(&object))
         completeProperties(db, *entity);
+    d.noteLock(object);
     d.changed = true;
     if (!d.loading)
         d.undo.recordCreation(stub);

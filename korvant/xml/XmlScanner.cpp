@@ -106,7 +106,7 @@ bool XmlScanner::scanText() {
     if (mOpen.size() == 1)
         return fail(kXmlFirstTokenNotStartTag, start);
     std::wstring text;
-    if (!appendDecoded(piece, start, text))
+    if (!appendDecoded(piece, static_cast<std::size_t>(piece.data() - mText.data()), text))
         return false;
     mOpen.back()->texts.push_back(std::move(text));
     return true;

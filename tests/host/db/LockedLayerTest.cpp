@@ -64,6 +64,28 @@ TEST_F(LockedLayer, lets_its_entities_be_read_and_not_written) {
     EXPECT_EQ(statusOf(id, AcDb::kForWrite), Acad::eOk);
     EXPECT_EQ(acdbOpenObjectCount(), 0);
 }
+TEST_F(LockedLayer, locks_however_the_layer_came) {
+    // Added as a locked one.
+    const AcDbObjectId first = addLine();
+    auto* const record = new AcDbLayerTableRecord;
+    record->setName(L"Kész");
+    record->setIsLocked(true);
+    AcDbObjectId added;
+    AcDbObjectPointer<AcDbLayerTable>(db.layerTableId(), AcDb::kForWrite)->add(added, record);
+    record->close();
+    AcDbObjectPointer<AcDbLine>(first, AcDb::kForWrite)->setLayer(added);
+    EXPECT_EQ(statusOf(first, AcDb::kForWrite), Acad::eOnLockedLayer);
+    // Cloned from another drawing with what lies on it.
+    AcDbDatabase other;
+    AcDbObjectIdArray ids;
+    ids.append(first);
+    AcDbIdMapping map;
+    ASSERT_EQ(other.wblockCloneObjects(ids, other.modelSpaceId(), map, AcDb::kDrcIgnore), Acad::eOk);
+    AcDbIdPair pair;
+    pair.key = first;
+    ASSERT_TRUE(map.compute(pair));
+    EXPECT_EQ(statusOf(pair.value, AcDb::kForWrite), Acad::eOnLockedLayer);
+}
 TEST_F(LockedLayer, stands_against_a_reader_that_wants_to_write) {
     const AcDbObjectId id = addLine();
     lock();

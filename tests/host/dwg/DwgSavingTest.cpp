@@ -36,6 +36,17 @@ std::map<Adesk::UInt64, std::vector<std::wstring>> listings(AcDbDatabase& db) {
 }
 } // namespace
 
+TEST_F(DwgSaving, a_lock_holds_in_the_drawing_that_is_opened_again) {
+    AcDbDatabase db;
+    const AcDbHandle handle = sampleAppend(db, new AcDbLine).handle();
+    AcDbObjectPointer<AcDbLayerTableRecord>(db.layerZero(), AcDb::kForWrite)->setIsLocked(true);
+    ASSERT_EQ(db.saveAs(path.c_str()), Acad::eOk);
+    AcDbDatabase again(false);
+    ASSERT_EQ(again.readDwgFile(path.c_str()), Acad::eOk);
+    AcDbObjectId id;
+    again.getAcDbObjectId(id, false, handle);
+    EXPECT_EQ(AcDbObjectPointer<AcDbLine>(id, AcDb::kForWrite).openStatus(), Acad::eOnLockedLayer);
+}
 TEST_F(DwgSaving, a_drawing_of_ours_comes_back_with_every_object_as_it_was) {
     const SampleModule module;
     AcDbDatabase db;

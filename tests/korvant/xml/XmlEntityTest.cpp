@@ -33,6 +33,14 @@ TEST(XmlEntity, what_is_no_number_of_a_character_is_an_unknown_entity) {
         EXPECT_EQ(codeOf(entity), 14);
 }
 
+TEST(XmlEntity, one_that_is_unknown_is_told_by_its_place) {
+    XmlParseResult result;
+    parseDocument(L"<a>\n one &two;</a>", L"a", &result);
+    EXPECT_EQ(result.code, 14);
+    EXPECT_EQ(result.line, 2);
+    EXPECT_EQ(result.column, 6); // of the &, in the line as it stands
+}
+
 TEST(XmlEntity, names_are_known_in_any_case) {
     EXPECT_EQ(textOf(L"&AMP;&Lt;&gt;&QUOT;&apos;"), L"&<>\"'");
     EXPECT_EQ(codeOf(L"&am;"), 14);

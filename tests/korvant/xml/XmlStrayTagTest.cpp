@@ -65,3 +65,13 @@ TEST(XmlStrayTag, an_end_tag_closes_its_element_in_any_case) {
     EXPECT_EQ(result.code, 0);
     EXPECT_EQ(a.childCount(L"b"), 1);
 }
+
+TEST(XmlStrayTag, an_end_tag_holds_a_name_and_blanks_and_nothing_more) {
+    XmlParseResult result;
+    EXPECT_FALSE(parseDocument(L"<a>1</a \n>", L"a", &result).isEmpty());
+    EXPECT_EQ(result.code, 0);
+    for (const wchar_t* const text : {L"<a>1</a b>", L"<a>1</a/>", L"<a>1</a", L"<a>1</a "}) {
+        EXPECT_TRUE(parseDocument(text, L"a", &result).isEmpty());
+        EXPECT_EQ(result.code, 9);
+    }
+}
