@@ -42,10 +42,9 @@ for picture in before after; do
   pdftoppm -r 200 "$picture.pdf" "$picture"
 done
 [ "$(tr -d '\377' <before-1.ppm | wc -c)" -gt 20000 ] || { echo "the plot is all but empty"; exit 1; }
-# The round lamp is drawn with other chords when it stands by itself, some 400 samples of the 200 dpi page; a bar that
-# loses its width moves thousands.
+# Rounding may move the shade of an edge in a few places; a bar that loses its width moves thousands.
 different="$({ cmp -l before-1.ppm after-1.ppm || true; } | awk '
   function octal(s,  i, n) { n = 0; for (i = 1; i <= length(s); ++i) n = n * 8 + substr(s, i, 1); return n }
   { d = octal($2) - octal($3); if (d > 24 || d < -24) ++n } END { print n + 0 }')"
 echo "$different samples differ"
-[ "$different" -le 1000 ] || exit 1
+[ "$different" -le 200 ] || exit 1
