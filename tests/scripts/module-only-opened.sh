@@ -5,8 +5,8 @@ set -uo pipefail
 console="$1"
 . "$(dirname "$0")/installation.sh"
 begin opened
-discard='Discard all changes'
-unchanged() { says 'DBMOD = 0'; says_not "$discard"; says_not 'DBMOD = 1'; }
+asks='Save changes to'
+unchanged() { says 'DBMOD = 0'; says_not "$asks"; says_not 'DBMOD = 1'; }
 
 # A stranger's drawing, which holds nothing of the module yet; a new one; one of ours.
 run 0 --new --no-module -c 'LINE 0,0 10,0' -c '' -c "SAVEAS $PWD/plain.dwg"
@@ -33,13 +33,13 @@ run 0 post.dwg -c 'SELECT ALL' -c '' -c KVT -c '@show' -c '@cancel' -c KVST -c '
 unchanged
 
 # What the user does is asked for, in each of two drawings by itself.
-run 0 post.dwg -c 'CANNOSCALE 1:500' -c DBMOD -c QUIT -c Y
+run 0 post.dwg -c 'CANNOSCALE 1:500' -c DBMOD -c QUIT -c N
 says 'DBMOD = 1'
-says "$discard"
-run 0 post.dwg -c 'KVO 40,0 40,10 45,20' -c '@ok' -c DBMOD -c QUIT -c Y
+says "$asks"
+run 0 post.dwg -c 'KVO 40,0 40,10 45,20' -c '@ok' -c DBMOD -c QUIT -c N
 says 'DBMOD = 1'
-says "$discard"
-run 0 post.dwg -c 'SELECT ALL' -c '' -c KVT -c '@tab "Általános"' -c '@select 212 "Tervezett"' -c '@ok' -c "OPEN $PWD/plain.dwg" -c DBMOD -c CLOSE -c DBMOD -c CLOSE -c N -c DBMOD -c QUIT -c Y
-[ "$(grep -cF "$discard" printed)" = 2 ] || fail "the changed drawing is not asked for, or the other one is"
+says "$asks"
+run 0 post.dwg -c 'SELECT ALL' -c '' -c KVT -c '@tab "Általános"' -c '@select 212 "Tervezett"' -c '@ok' -c "OPEN $PWD/plain.dwg" -c DBMOD -c CLOSE -c DBMOD -c CLOSE -c C -c DBMOD -c QUIT -c N
+[ "$(grep -cF "$asks" printed)" = 2 ] || fail "the changed drawing is not asked for, or the other one is"
 [ "$(grep -E 'DBMOD = ' printed | tr -d '\n')" = "$(printf 'DBMOD = 0 (read only)DBMOD = 1 (read only)DBMOD = 1 (read only)')" ] || fail "the drawings are mixed up"
 exit $failed
