@@ -47,6 +47,27 @@ CellFormat formatOf(ColumnKind kind) {
     return CellFormat::General;
 }
 
+// The format of a whole column tells its kind, also where it has no cells.
+CellFormat columnFormatOf(ColumnKind kind) {
+    switch (kind) {
+    case ColumnKind::Byte:
+    case ColumnKind::Short:
+    case ColumnKind::Long:
+    case ColumnKind::Single:
+    case ColumnKind::Double:
+    case ColumnKind::Numeric: return CellFormat::NumberColumn;
+    case ColumnKind::Bool: return CellFormat::LogicalColumn;
+    case ColumnKind::Memo: return CellFormat::MemoColumn;
+    case ColumnKind::Date:
+    case ColumnKind::Currency:
+    case ColumnKind::Text:
+    case ColumnKind::Guid:
+    case ColumnKind::Binary:
+    case ColumnKind::Ole: break;
+    }
+    return formatOf(kind);
+}
+
 // The four-byte form of a number where it gives the same bits back: a whole number of 30 bits, the
 // upper 30 bits of a double, or either of them in hundredths.
 std::optional<U32> rkOf(double value) {
@@ -264,7 +285,7 @@ std::string Sheet::head(std::size_t place) const {
     appendRecord(out, Record::DefColWidth, {8});
     for (U16 i = 0; i < columns(); ++i) {
         const U32 width = std::min<U32>(255 * 256, mWidths[i] * 256u + 0xB6); // 256ths of a digit, and the cell's margins
-        appendRecord(out, Record::ColInfo, {i, i, static_cast<U16>(width), static_cast<U16>(CellFormat::General), 2, 0});
+        appendRecord(out, Record::ColInfo, {i, i, static_cast<U16>(width), static_cast<U16>(columnFormatOf(mTable.columns[i].kind)), 2, 0});
     }
     appendRecord(out, Record::Dimensions, U32{0}, mRows, U16{0}, static_cast<U16>(columns()), U16{0});
     patch(out, index + 4 + 8, mRows);

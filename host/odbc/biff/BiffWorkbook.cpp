@@ -78,8 +78,10 @@ void Workbook::readGlobals(std::string_view stream) {
         case Record::Format: {
             FieldReader fields({body});
             const U16 number = fields.number<U16>();
-            if (showsDate(fields.richString()))
+            const std::u16string text = fields.richString();
+            if (showsDate(text))
                 mDateFormats.push_back(number);
+            mOwnFormats.emplace_back(number, text);
             break;
         }
         default: break; // what says nothing about the cells
@@ -139,6 +141,20 @@ bool Workbook::isDate(U16 format) const {
         return false;
     const U16 number = mFormats[format];
     return isBuiltInDate(number) || std::find(mDateFormats.begin(), mDateFormats.end(), number) != mDateFormats.end();
+}
+
+ReadSheet::ColumnFormat Workbook::columnFormat(U16 format) const {
+    using enum ReadSheet::ColumnFormat;
+    if (isDate(format))
+        return Date;
+    const U16 number = format < mFormats.size() ? mFormats[format] : U16{0};
+    if (const auto own = std::find_if(mOwnFormats.begin(), mOwnFormats.end(), [number](const auto& pair) { return pair.first == number; });
+        own != mOwnFormats.end() && number >= kNumberFormat)
+        return own->second == kNumberFormatText    ? Number
+               : own->second == kLogicalFormatText ? Bool
+               : own->second == kMemoFormatText    ? Memo
+                                                   : Unknown;
+    return number == kTextFormat ? Text : number >= 1 && number <= 11 ? Number : Unknown;
 }
 
 // The records of one sheet.
@@ -210,6 +226,10 @@ void SheetReader::record(RecordCursor& records) {
             mSheet.cells.push_back({row, column, ReadCell::Kind::Bool, 0, fieldAt<U8>(body, 6) != 0 ? 1.0 : 0.0});
         break;
     case Record::Blank: use(row, column); break;
+    case Record::ColInfo: // first and last column, width, format
+        for (U32 i = row; i <= column && i < kMaxColumns; ++i)
+            mSheet.formats[i] = mBook.columnFormat(fieldAt<U16>(body, 6));
+        break;
     case Record::MulBlank:
         use(row, column);
         use(row, body.size() < 2 ? column : fieldAt<U16>(body, body.size() - 2));

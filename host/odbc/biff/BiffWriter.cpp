@@ -6,6 +6,7 @@
 #include "store/StoreText.h"
 
 #include <cstdio>
+#include <fcntl.h>
 #include <gsf/gsf.h>
 #include <set>
 
@@ -15,13 +16,18 @@ using namespace biff;
 
 struct BiffWriter::Impl {
     std::string path;
+    int descriptor = -1; // where it is not the path that tells the file
     Strings strings;
     std::vector<std::u16string> names;
     std::set<std::wstring> folded;
     std::vector<std::unique_ptr<Sheet>> sheets;
-    bool open = false; // between beginTable and endTable
+    std::vector<std::size_t> parts; // by sheet: which sheet of its table it is, from 1
+    StoreTable table;               // that was begun last
+    bool open = false;              // between beginTable and endTable
 
     std::u16string checkedName(const StoreTable& table);
+    void addSheet(std::u16string name, std::size_t part);
+    std::vector<std::string> nameParts();
     void writeFile() const;
 };
 
@@ -73,7 +79,46 @@ std::u16string BiffWriter::Impl::checkedName(const StoreTable& table) {
     return name;
 }
 
+void BiffWriter::Impl::addSheet(std::u16string name, std::size_t part) {
+    if (sheets.size() == kMaxSheets)
+        refuse(table, "a workbook has at most 4,112 sheets.");
+    sheets.push_back(std::make_unique<Sheet>(table, strings));
+    names.push_back(std::move(name));
+    parts.push_back(part);
+}
+
+// Names the further sheets of long tables, when the names of all tables are known.
+std::vector<std::string> BiffWriter::Impl::nameParts() {
+    std::vector<std::string> notes;
+    std::size_t number = 1;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (parts[i] == 1) {
+            number = 1;
+            continue;
+        }
+        const std::u16string whole = names[i];
+        std::string shown;
+        std::wstring small;
+        do {
+            std::u16string ending;
+            appendUtf16(" " + std::to_string(++number), ending);
+            std::u16string base = whole.substr(0, kMaxSheetName - ending.size());
+            if ((base.back() & 0xFC00) == 0xD800) // half of a character
+                base.pop_back();
+            names[i] = base + ending;
+            shown.clear();
+            appendUtf8(names[i], shown);
+            small = acFromUtf8(foldedName(shown));
+        } while (!folded.insert(small).second);
+        std::string table;
+        appendUtf8(whole, table);
+        notes.push_back("A \"" + table + "\" tábla nem fér el egy munkalapon (65536 sor), a \"" + shown + "\" lapon folytatódik.");
+    }
+    return notes;
+}
+
 BiffWriter::BiffWriter(const std::string& path) : mImpl(std::make_unique<Impl>()) { mImpl->path = path; }
+BiffWriter::BiffWriter(int descriptor, const std::string& name) : BiffWriter(name) { mImpl->descriptor = descriptor; }
 BiffWriter::~BiffWriter() = default;
 
 void BiffWriter::beginTable(const StoreTable& table) {
@@ -81,17 +126,18 @@ void BiffWriter::beginTable(const StoreTable& table) {
         throw std::logic_error("a table of the workbook was begun inside another");
     if (table.columns.empty() || table.columns.size() > kMaxColumns)
         refuse(table, "a sheet has 1 to 256 columns.");
-    if (mImpl->sheets.size() == kMaxSheets)
-        refuse(table, "a workbook has at most 4,112 sheets.");
-    std::u16string name = mImpl->checkedName(table);
-    mImpl->sheets.push_back(std::make_unique<Sheet>(table, mImpl->strings));
-    mImpl->names.push_back(std::move(name));
+    mImpl->table = table;
+    mImpl->addSheet(mImpl->checkedName(table), 1);
     mImpl->open = true;
 }
 
 void BiffWriter::row(std::span<const StoreCell> cells) {
     if (!mImpl->open || cells.size() != mImpl->sheets.back()->columns())
         throw std::logic_error("a row of the workbook does not fit its table");
+    if (mImpl->sheets.back()->full()) {
+        mImpl->sheets.back()->end();
+        mImpl->addSheet(mImpl->names.back(), mImpl->parts.back() + 1);
+    }
     mImpl->sheets.back()->row(cells);
 }
 
@@ -109,6 +155,7 @@ void BiffWriter::finish() {
         mImpl->names.emplace_back(u"Sheet1");
         mImpl->sheets.push_back(std::make_unique<Sheet>(StoreTable{}, mImpl->strings));
     }
+    mNotes = mImpl->nameParts();
     mImpl->writeFile();
     *mImpl = Impl{};
 }
@@ -124,7 +171,7 @@ void BiffWriter::Impl::writeFile() const {
         if (place > kMaxStream)
             throw StoreError("The workbook '" + path + "' would grow past two gigabytes.");
     }
-    std::FILE* file = std::fopen(path.c_str(), "wbe");
+    std::FILE* file = descriptor < 0 ? std::fopen(path.c_str(), "wbe") : ::fdopen(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0), "wb");
     if (!file)
         throw StoreError("The workbook '" + path + "' cannot be created: its folder is missing or cannot be written.");
     gsf_init();

@@ -18,13 +18,10 @@ bool hasText(const std::uint8_t* at, const char* text) {
 }
 } // namespace
 
-JetFile::JetFile(const std::string& path) : m_name(path) {
+JetFile::JetFile(const std::string& path) : m_name(path), m_ownsFile(true) {
     m_file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a pipe must not hold us up
-    struct stat status {};
-    if (m_file < 0 || ::fstat(m_file, &status) != 0) {
+    if (m_file < 0) {
         const int error = errno;
-        if (m_file >= 0)
-            ::close(m_file);
         if (error == ENOENT || error == ENOTDIR)
             throw StoreError("There is no file \"" + path + "\".");
         if (error == EACCES || error == EPERM)
@@ -32,16 +29,28 @@ JetFile::JetFile(const std::string& path) : m_name(path) {
         throw StoreError("The file \"" + path + "\" could not be opened: " + std::strerror(error) + ".");
     }
     try {
-        if (S_ISDIR(status.st_mode))
-            throw StoreError("\"" + path + "\" is a folder, not a database file.");
-        if (!S_ISREG(status.st_mode))
-            throw StoreError("\"" + path + "\" is no ordinary file.");
-        m_size = static_cast<std::uint64_t>(status.st_size);
+        readStatus();
         readHeader();
     } catch (...) {
         ::close(m_file);
         throw;
     }
+}
+
+JetFile::JetFile(int descriptor, std::string name) : m_name(std::move(name)), m_file(descriptor) {
+    readStatus();
+    readHeader();
+}
+
+void JetFile::readStatus() {
+    struct stat status {};
+    if (::fstat(m_file, &status) != 0)
+        throw StoreError("The file \"" + m_name + "\" could not be opened: " + std::strerror(errno) + ".");
+    if (S_ISDIR(status.st_mode))
+        throw StoreError("\"" + m_name + "\" is a folder, not a database file.");
+    if (!S_ISREG(status.st_mode))
+        throw StoreError("\"" + m_name + "\" is no ordinary file.");
+    m_size = static_cast<std::uint64_t>(status.st_size);
 }
 
 JetFile::JetFile(std::string name, std::span<const std::uint8_t> bytes)
@@ -50,7 +59,7 @@ JetFile::JetFile(std::string name, std::span<const std::uint8_t> bytes)
 }
 
 JetFile::~JetFile() {
-    if (m_file >= 0)
+    if (m_ownsFile)
         ::close(m_file);
 }
 

@@ -16,8 +16,11 @@ JetPageStore::JetPageStore(const std::string& path, std::uint32_t limit)
         throw StoreError("The file \"" + path + "\" could not be created: " + std::strerror(errno) + ".");
 }
 
+JetPageStore::JetPageStore(int descriptor, std::string name, std::uint32_t limit)
+    : m_path(std::move(name)), m_limit(limit), m_file(descriptor), m_ownsFile(false), m_window(kWindow * kPageSize) {}
+
 JetPageStore::~JetPageStore() {
-    if (m_file >= 0)
+    if (m_ownsFile && m_file >= 0)
         ::close(m_file);
 }
 
@@ -66,7 +69,7 @@ void JetPageStore::close() {
     flush();
     const int file = m_file;
     m_file = -1;
-    if (::close(file) != 0)
+    if (m_ownsFile && ::close(file) != 0)
         fail(errno);
 }
 

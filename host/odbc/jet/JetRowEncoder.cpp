@@ -41,7 +41,7 @@ std::size_t variableRoom(const JetColumnPlan& column) {
 }
 } // namespace
 
-JetRowEncoder::JetRowEncoder(const JetTablePlan& plan, JetPageStore& store)
+JetRowEncoder::JetRowEncoder(const JetTablePlan& plan, JetPages& store)
     : m_plan(&plan), m_longPlace(plan.columns.size()) {
     std::size_t room = 2 + plan.fixedSize + 4 + (plan.columns.size() + 7) / 8;
     for (std::size_t i = 0; i < plan.columns.size(); ++i) {
@@ -99,6 +99,17 @@ std::span<const std::uint8_t> JetRowEncoder::encode(std::span<const StoreCell> c
         throw StoreError("A row of the table \"" + m_plan->name +
                          "\" is longer than the 4,060 bytes that an Access table allows.");
     return {row, m_size};
+}
+
+std::span<const std::uint8_t> JetRowEncoder::encodeAlone(std::size_t number, const StoreCell& cell) {
+    const JetColumnPlan& column = m_plan->columns[number];
+    m_size = 0;
+    if (!column.fixed()) {
+        appendVariable(column, cell);
+        return {m_row.data(), m_size};
+    }
+    encodeFixed(column, cell, m_row.data());
+    return {m_row.data(), column.length};
 }
 
 void JetRowEncoder::append(std::span<const std::uint8_t> bytes) {

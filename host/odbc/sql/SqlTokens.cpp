@@ -231,6 +231,8 @@ void appendShape(const std::vector<SqlToken>& tokens, std::string& out) {
             out += token.kind == Kind::Word ? '\x03' : '\x04';
             if (!appendUtf8(token.text, out))
                 throw StoreError("A name of the statement holds a character that is no Unicode.");
+            if (token.kind == Kind::Name)
+                out += '\x04'; // in brackets it may end with what looks like a symbol
             break;
         }
     }

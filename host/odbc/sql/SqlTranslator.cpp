@@ -137,6 +137,12 @@ private:
         }
         if (!mCursor.accept(')'))
             refuseCount();
+        // A yes/no column has no null: what is left out is false.
+        for (std::size_t i = 0; i < mTable->table.columns.size(); ++i)
+            if (mTable->table.columns[i].kind == ColumnKind::Bool && std::find(columns.begin(), columns.end(), static_cast<int>(i)) == columns.end()) {
+                names = joined(names, columnSql(static_cast<int>(i)));
+                values = joined(values, "0");
+            }
         mStatement.sql = "INSERT INTO " + mTable->sqlName + "(" + names + ") VALUES(" + values + ")";
     }
 

@@ -1,0 +1,49 @@
+// An Access file that is changed in places: the pages as they stand, and those that were changed or added.
+#pragma once
+
+#include "JetFile.h"
+#include "JetPageStore.h"
+
+#include <map>
+#include <set>
+
+namespace odbc::jet {
+
+class JetImage : public JetPages {
+public:
+    explicit JetImage(const JetFile& file) : mFile(file), mCount(file.pageCount()) {}
+
+    JetPage page(std::uint32_t number) const;
+    // To be changed.
+    PageBytes& edit(std::uint32_t number);
+    // Pages that were released here come first, then new ones behind the end. Those that the file calls free are left
+    // alone: nothing proves that they are.
+    std::uint32_t allocate() override;
+    void put(std::uint32_t page, const PageBytes& bytes) override { edit(page) = bytes; }
+    void release(std::uint32_t page);
+
+    // The whole file, with the map of free pages brought up to date.
+    void writeTo(int descriptor, const std::string& name);
+
+private:
+    void saveFreeMap();
+    void setFree(std::uint8_t* bits, std::size_t first, std::size_t count) const;
+
+    const JetFile& mFile;
+    std::uint32_t mCount;
+    std::map<std::uint32_t, PageBytes> mChanged;
+    std::set<std::uint32_t> mReleased;
+};
+
+// One row of a data page, as it is put back.
+struct JetImageRow {
+    std::uint16_t flags = 0;
+    std::vector<std::uint8_t> bytes;
+};
+std::vector<JetImageRow> rowsOf(const JetFile& file, const JetPage& page);
+// Lays the rows out anew behind the page's header; they must fit.
+void layOutRows(PageBytes& page, const std::vector<JetImageRow>& rows);
+// Whether a further row fits.
+bool hasRoom(const JetPage& page, std::size_t size);
+
+} // namespace odbc::jet
