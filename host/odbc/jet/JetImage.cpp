@@ -1,11 +1,48 @@
 #include "JetImage.h"
 
-#include "JetUsageMap.h"
 #include "store/StoreTable.h"
 
 #include <algorithm>
 
 namespace odbc::jet {
+
+namespace {
+UsageRow rowOf(const JetFile& file, std::uint32_t pointer, JetPage& page) {
+    const JetSlot slot = slotAt(file, pointer, page);
+    if (slot.bytes.size() != usage::kRowSize)
+        file.damaged("the map of free pages is not as long as it should be");
+    UsageRow row;
+    std::copy(slot.bytes.begin(), slot.bytes.end(), row.begin());
+    return row;
+}
+
+std::uint32_t freePointer(const JetFile& file) {
+    return get32(file.headerPage().at(header::kMapPointer));
+}
+} // namespace
+
+JetImage::JetImage(const JetFile& file) : mFile(file), mCount(file.pageCount()) {
+    JetPage page;
+    const UsageRow row = rowOf(file, freePointer(file), page);
+    const auto collect = [&](std::size_t first, const std::uint8_t* bits, std::size_t count) {
+        for (std::size_t i = 0; i < count && first + i < mCount; ++i)
+            if ((bits[i / 8] >> (i % 8) & 1) != 0)
+                mFree.insert(static_cast<std::uint32_t>(first + i));
+    };
+    if (row[0] == usage::kInline) {
+        collect(get32(row.data() + 1), row.data() + 5, usage::kInlinePages);
+        return;
+    }
+    for (std::size_t i = 0; i < usage::kReferences; ++i) {
+        const std::uint32_t bitmap = get32(row.data() + 1 + 4 * i);
+        if (bitmap == 0)
+            continue;
+        file.read(bitmap, page);
+        if (page.type() != PageType::Bitmap)
+            file.damaged("page " + std::to_string(bitmap) + " should be a page of a usage map and is not");
+        collect(i * usage::kPagesPerBitmap, page.at(usage::kBitmapHeader), usage::kPagesPerBitmap);
+    }
+}
 
 JetPage JetImage::page(std::uint32_t number) const {
     JetPage page;
@@ -26,9 +63,9 @@ PageBytes& JetImage::edit(std::uint32_t number) {
 
 std::uint32_t JetImage::allocate() {
     std::uint32_t number = mCount;
-    if (!mReleased.empty()) {
-        number = *mReleased.begin();
-        mReleased.erase(mReleased.begin());
+    if (!mFree.empty()) {
+        number = *mFree.begin();
+        mFree.erase(mFree.begin());
     } else if (mCount++ >= kMaxPages) {
         throw StoreError("The database would grow past 2 GB, the most that an Access file can hold.");
     }
@@ -36,62 +73,43 @@ std::uint32_t JetImage::allocate() {
     return number;
 }
 
-void JetImage::release(std::uint32_t page) {
-    mReleased.insert(page);
-}
-
-// Pages of ours are used or released; of the others the file's own word stands.
 void JetImage::setFree(std::uint8_t* bits, std::size_t first, std::size_t count) const {
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t page = first + i;
-        const auto number = static_cast<std::uint32_t>(page);
         const auto mask = static_cast<std::uint8_t>(1u << (i % 8));
-        const bool set = page >= mCount || mReleased.contains(number);
-        const bool clear = !set && page >= mFile.pageCount();
-        bits[i / 8] = static_cast<std::uint8_t>(set ? bits[i / 8] | mask : clear ? bits[i / 8] & ~mask : bits[i / 8]);
+        const bool free = page >= mCount || mFree.contains(static_cast<std::uint32_t>(page));
+        bits[i / 8] = static_cast<std::uint8_t>(free ? bits[i / 8] | mask : bits[i / 8] & ~mask);
     }
 }
 
+void JetImage::addBitmap(UsageRow& row, std::size_t place) {
+    const std::uint32_t bitmap = allocate();
+    PageBytes& bytes = edit(bitmap);
+    bytes[0] = static_cast<std::uint8_t>(PageType::Bitmap);
+    bytes[1] = 1;
+    put32(row.data() + 1 + 4 * place, bitmap);
+}
+
 void JetImage::saveFreeMap() {
-    const std::uint32_t pointer = get32(mFile.headerPage().at(header::kMapPointer)), home = pointer >> 8;
-    const JetPage at = page(home);
-    const JetSlot slot = slotOf(mFile, at, pointer & 0xFF);
-    if (slot.bytes.size() != usage::kRowSize)
-        mFile.damaged("the map of free pages is not as long as it should be");
-    const auto place = static_cast<std::size_t>(slot.bytes.data() - at.bytes.data());
-    UsageRow row;
-    std::copy(slot.bytes.begin(), slot.bytes.end(), row.begin());
+    const std::uint32_t pointer = freePointer(mFile);
+    JetPage at;
+    UsageRow row = rowOf(mFile, pointer, at);
     if (row[0] == usage::kInline && get32(row.data() + 1) == 0 && mCount <= usage::kInlinePages) {
         setFree(row.data() + 5, 0, usage::kInlinePages);
     } else {
         if (row[0] == usage::kInline) { // its bits go to a page of their own
-            const UsageRow before = row;
-            const std::uint32_t bitmap = allocate();
-            PageBytes& bytes = edit(bitmap);
-            bytes[0] = static_cast<std::uint8_t>(PageType::Bitmap);
-            bytes[1] = 1;
-            const std::uint32_t start = get32(before.data() + 1);
-            if (start % 8 != 0 || start / 8 + usage::kInlineBytes > kPageSize - usage::kBitmapHeader)
-                mFile.damaged("the map of free pages begins at an impossible page");
-            std::copy(before.begin() + 5, before.end(), bytes.begin() + static_cast<std::ptrdiff_t>(usage::kBitmapHeader + start / 8));
             row.fill(0);
             row[0] = usage::kReference;
-            put32(row.data() + 1, bitmap);
         }
-        for (std::size_t i = 0; i < usage::kReferences && i * usage::kPagesPerBitmap < mCount; ++i) {
-            std::uint32_t bitmap = get32(row.data() + 1 + 4 * i);
-            if (bitmap == 0) {
-                bitmap = allocate();
-                edit(bitmap)[0] = static_cast<std::uint8_t>(PageType::Bitmap);
-                edit(bitmap)[1] = 1;
-                put32(row.data() + 1 + 4 * i, bitmap);
-            }
-        }
+        for (std::size_t i = 0; i < usage::kReferences && i * usage::kPagesPerBitmap < mCount; ++i)
+            if (get32(row.data() + 1 + 4 * i) == 0)
+                addBitmap(row, i);
         for (std::size_t i = 0; i < usage::kReferences; ++i)
             if (const std::uint32_t bitmap = get32(row.data() + 1 + 4 * i))
                 setFree(edit(bitmap).data() + usage::kBitmapHeader, i * usage::kPagesPerBitmap, usage::kPagesPerBitmap);
     }
-    std::copy(row.begin(), row.end(), edit(home).begin() + static_cast<std::ptrdiff_t>(place));
+    const JetSlot slot = slotOf(mFile, at, pointer & 0xFF);
+    std::copy(row.begin(), row.end(), edit(pointer >> 8).begin() + (slot.bytes.data() - at.bytes.data()));
 }
 
 void JetImage::writeTo(int descriptor, const std::string& name) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "JetFile.h"
-#include "JetPageStore.h"
+#include "JetUsageMap.h"
 
 #include <map>
 #include <set>
@@ -11,28 +11,28 @@ namespace odbc::jet {
 
 class JetImage : public JetPages {
 public:
-    explicit JetImage(const JetFile& file) : mFile(file), mCount(file.pageCount()) {}
+    explicit JetImage(const JetFile& file);
 
     JetPage page(std::uint32_t number) const;
     // To be changed.
     PageBytes& edit(std::uint32_t number);
-    // Pages that were released here come first, then new ones behind the end. Those that the file calls free are left
-    // alone: nothing proves that they are.
+    // Pages that the file calls free or that were released here come first, then new ones behind the end.
     std::uint32_t allocate() override;
     void put(std::uint32_t page, const PageBytes& bytes) override { edit(page) = bytes; }
-    void release(std::uint32_t page);
+    void release(std::uint32_t page) { mFree.insert(page); }
 
     // The whole file, with the map of free pages brought up to date.
     void writeTo(int descriptor, const std::string& name);
 
 private:
     void saveFreeMap();
+    void addBitmap(UsageRow& row, std::size_t place);
     void setFree(std::uint8_t* bits, std::size_t first, std::size_t count) const;
 
     const JetFile& mFile;
     std::uint32_t mCount;
     std::map<std::uint32_t, PageBytes> mChanged;
-    std::set<std::uint32_t> mReleased;
+    std::set<std::uint32_t> mFree; // within the file
 };
 
 // One row of a data page, as it is put back.

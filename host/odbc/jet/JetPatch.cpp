@@ -11,6 +11,8 @@ void JetPatch::change(const JetOrigin& table, std::optional<std::int64_t> lastNu
     feed(patch);
     if (patch.changed())
         patch.finish(lastNumber);
+    else if (lastNumber) // a number that was given is not given again, even where its row is gone
+        patch.saveCounter(*lastNumber);
 }
 
 } // namespace odbc

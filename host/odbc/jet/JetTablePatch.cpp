@@ -223,11 +223,14 @@ std::uint32_t JetTablePatch::insert(const std::vector<std::uint8_t>& row) {
     return mOpen << 8 | static_cast<std::uint32_t>(count);
 }
 
-// The row's place stays taken, its bytes go to the page's room.
+// The row's bytes go to the page's room. Its place stays taken, so that the rows behind it keep theirs; at the end of
+// the page places are given back, or a page would run out of them.
 void JetTablePatch::empty(std::uint32_t pointer) {
     const JetPage page = mImage.page(pointer >> 8);
     std::vector<JetImageRow> rows = rowsOf(mFile, page);
     rows.at(pointer & 0xFF) = {kGone, {}};
+    while (!rows.empty() && (rows.back().flags & data::kDeleted) != 0 && rows.back().bytes.empty())
+        rows.pop_back();
     layOutRows(mImage.edit(pointer >> 8), rows);
 }
 
@@ -335,11 +338,16 @@ void JetTablePatch::saveLongMaps() {
     }
 }
 
-void JetTablePatch::saveCounts(std::optional<std::int64_t> lastNumber) {
+void JetTablePatch::saveCounter(std::int64_t lastNumber) {
+    constexpr std::size_t kLastNumber = 20;
+    const auto number = static_cast<std::uint32_t>(lastNumber);
+    if (get32(mImage.page(mDefinition.page()).at(kLastNumber)) != number)
+        put32(mImage.edit(mDefinition.page()).data() + kLastNumber, number);
+}
+
+void JetTablePatch::saveCounts() {
     PageBytes& page = mImage.edit(mDefinition.page());
     put32(page.data() + definition::kRowCount, static_cast<std::uint32_t>(static_cast<std::int64_t>(mOrigin.rows.size()) + mRows));
-    if (lastNumber)
-        put32(page.data() + 20, static_cast<std::uint32_t>(*lastNumber));
     for (std::size_t i = 0; i < mIndexes.size(); ++i)
         put32(page.data() + definition::kBody + definition::kIndexCountSize * i + 4, mIndexes[i].distinct);
 }
@@ -353,7 +361,9 @@ void JetTablePatch::finish(std::optional<std::int64_t> lastNumber) {
     std::erase_if(mRoom, [&](std::uint32_t page) { return !mUsed.contains(page) || !isOwn(mImage.page(page)) || !hasRoom(mImage.page(page), 1); });
     saveMap(mDefinition.usedMap, mUsed);
     saveMap(mDefinition.freeMap, mRoom);
-    saveCounts(lastNumber);
+    saveCounts();
+    if (lastNumber)
+        saveCounter(*lastNumber);
 }
 
 } // namespace odbc::jet

@@ -23,6 +23,7 @@ public:
     bool changed() const { return mChanged; }
     // Brings indexes, maps and counts up to date.
     void finish(std::optional<std::int64_t> lastNumber);
+    void saveCounter(std::int64_t lastNumber);
 
 private:
     void read(std::size_t row);
@@ -39,7 +40,7 @@ private:
     void saveIndex(std::size_t index);
     void saveMap(std::uint32_t pointer, const std::set<std::uint32_t>& pages);
     void saveLongMaps();
-    void saveCounts(std::optional<std::int64_t> lastNumber);
+    void saveCounts();
 
     const JetFile& mFile;
     const JetOrigin& mOrigin;
