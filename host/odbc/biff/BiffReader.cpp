@@ -168,17 +168,17 @@ void SheetTable::decideKinds() {
 }
 
 std::string wholeFile(int file, const std::string& name) {
-    const auto fail = [&](const char* why) { throw StoreError("The workbook '" + name + "' " + why); };
+    const auto fail = [&](const char* why) { throw StoreError(std::string(why) + ": \"" + name + "\"."); };
     struct stat status {};
     if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
-        fail(S_ISDIR(status.st_mode) ? "is a folder." : "is not a file.");
+        fail(S_ISDIR(status.st_mode) ? "Ez mappa, nem munkafüzet" : "Ez nem fájl");
     std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
     for (std::size_t done = 0; done < bytes.size();) {
         const ssize_t got = ::pread(file, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
-            fail("cannot be read to its end.");
+            fail("A munkafüzet nem olvasható végig");
         done += static_cast<std::size_t>(got);
     }
     return bytes;
@@ -211,7 +211,7 @@ public:
                 continue;
             countEmpty(sheet);
             if (!names.insert(folded(sheet.name)).second)
-                fail("is damaged: two of its sheets have one name.");
+                fail("A munkafüzet sérült (two sheets have one name)");
             SheetTable table(mBook, sheet);
             end = joinRest(sheet, table, i);
             mSink.beginTable(table.table());
@@ -224,11 +224,11 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(const char* why) const { throw StoreError("The workbook '" + mName + "' " + why); }
+    [[noreturn]] void fail(const char* why) const { throw StoreError(std::string(why) + ": \"" + mName + "\"."); }
     void countEmpty(const ReadSheet& sheet) {
         mEmptyCells += std::uint64_t{sheet.endRow - sheet.firstRow} * (sheet.endColumn - sheet.firstColumn) - sheet.cells.size();
         if (mEmptyCells > kMaxEmptyCells)
-            fail("spans more empty cells than can be read.");
+            fail("A munkafüzetben túl sok az üres cella");
     }
     // A full sheet goes on in the next one; the number behind the last sheet of the table. The texts of the
     // first one's cells are gone where there is a next one that was looked at.
@@ -265,20 +265,20 @@ private:
 } // namespace
 
 void readBiffBytes(std::string_view bytes, const std::string& name, TableSink& sink) {
-    const auto fail = [&](const char* why) { throw StoreError("The file '" + name + "' " + why); };
+    const auto fail = [&](const char* why) { throw StoreError(std::string(why) + ": \"" + name + "\"."); };
     if (bytes.starts_with("PK\x03\x04"))
-        fail("is a workbook of the newer format (.xlsx), which cannot be read.");
+        fail("A munkafüzet újabb formátumú (.xlsx), nem olvasható");
     if (!isCompound(bytes))
-        fail("is not a workbook.");
+        fail("Ez nem munkafüzet");
     const CompoundFile compound(bytes);
     if (!compound.valid())
-        fail("is damaged: the tables of its sectors cannot be read.");
+        fail("A munkafüzet sérült (the tables of its sectors cannot be read)");
     if (!compound.has("Workbook"))
-        fail(compound.has("Book") ? "is a workbook of a version before Excel 97, which cannot be read."
-             : compound.has("EncryptedPackage") ? "is a password-protected workbook." : "is not a workbook.");
+        fail(compound.has("Book") ? "A munkafüzet az Excel 97 előtti formátumú, nem olvasható"
+             : compound.has("EncryptedPackage") ? "A munkafüzetet jelszó védi" : "Ez nem munkafüzet");
     const auto stream = compound.stream("Workbook");
     if (!stream)
-        fail("is damaged: it ends before its workbook does.");
+        fail("A munkafüzet sérült (it ends before its workbook does)");
     readBiffStream(*stream, name, sink);
 }
 
@@ -289,7 +289,7 @@ void readBiff(int descriptor, const std::string& name, TableSink& sink) { readBi
 void readBiff(const std::string& path, TableSink& sink) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file < 0)
-        throw StoreError("The workbook '" + path + "' " + (errno == ENOENT || errno == ENOTDIR ? "does not exist." : "may not be read."));
+        throw StoreError(std::string(errno == ENOENT || errno == ENOTDIR ? "A munkafüzet nem létezik" : "A munkafüzet nem olvasható") + ": \"" + path + "\".");
     std::string bytes;
     try {
         bytes = wholeFile(file, path);

@@ -35,19 +35,19 @@ namespace {
 constexpr std::size_t kMaxStream = 0x7FFFFE00; // a file of two gigabytes, less its tables
 
 [[noreturn]] void refuse(const StoreTable& table, const char* why) {
-    throw StoreError("The table '" + table.name + "' cannot be a sheet of a workbook: " + why);
+    throw StoreError("A tábla (" + table.name + ") nem lehet munkalap: " + why);
 }
 
 const char* faultOf(std::u16string_view name) {
     if (name.empty())
-        return "it has no name.";
+        return "nincs neve.";
     if (name.size() > kMaxSheetName)
-        return "its name is longer than 31 characters.";
+        return "a neve hosszabb, mint 31 karakter.";
     if (name.front() == u'\'' || name.back() == u'\'')
-        return "its name begins or ends with an apostrophe.";
+        return "a neve aposztróffal kezdődik vagy végződik.";
     for (const char16_t c : name)
         if (c < 0x20 || std::u16string_view(u"\\/?*[]:").find(c) != std::u16string_view::npos)
-            return "its name has one of the characters \\ / ? * [ ] :";
+            return "a nevében ezek egyike áll: \\ / ? * [ ] :";
     return nullptr;
 }
 
@@ -66,22 +66,22 @@ bool closeAll(GsfOutput* output) {
 std::u16string BiffWriter::Impl::checkedName(const StoreTable& table) {
     std::u16string name;
     if (!appendUtf16(table.name, name))
-        throw StoreError("The name of a table is no Unicode text.");
+        throw StoreError("Egy tábla neve nem Unicode szöveg.");
     if (const char* fault = faultOf(name))
         refuse(table, fault);
     std::wstring small = acFromUtf8(table.name);
     for (wchar_t& c : small)
         c = acFoldCase(c);
     if (small == L"history")
-        refuse(table, "spreadsheets keep the name History to themselves.");
+        refuse(table, "a History név foglalt a táblázatkezelőkben.");
     if (!folded.insert(small).second)
-        refuse(table, "another sheet has its name.");
+        refuse(table, "már van ilyen nevű munkalap.");
     return name;
 }
 
 void BiffWriter::Impl::addSheet(std::u16string name, std::size_t part) {
     if (sheets.size() == kMaxSheets)
-        refuse(table, "a workbook has at most 4,112 sheets.");
+        refuse(table, "egy munkafüzetben legfeljebb 4112 munkalap lehet.");
     sheets.push_back(std::make_unique<Sheet>(table, strings));
     names.push_back(std::move(name));
     parts.push_back(part);
@@ -125,7 +125,7 @@ void BiffWriter::beginTable(const StoreTable& table) {
     if (mImpl->open)
         throw std::logic_error("a table of the workbook was begun inside another");
     if (table.columns.empty() || table.columns.size() > kMaxColumns)
-        refuse(table, "a sheet has 1 to 256 columns.");
+        refuse(table, "egy munkalapnak 1–256 oszlopa lehet.");
     mImpl->table = table;
     mImpl->addSheet(mImpl->checkedName(table), 1);
     mImpl->open = true;
@@ -169,11 +169,11 @@ void BiffWriter::Impl::writeFile() const {
         patch(start, places[i], static_cast<std::uint32_t>(place));
         place += sheets[i]->head(0).size() + sheets[i]->cells().size() + sheets[i]->tail(i == 0).size();
         if (place > kMaxStream)
-            throw StoreError("The workbook '" + path + "' would grow past two gigabytes.");
+            throw StoreError("A munkafüzet 2 GB-nál nagyobb lenne: \"" + path + "\".");
     }
     std::FILE* file = descriptor < 0 ? std::fopen(path.c_str(), "wbe") : ::fdopen(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0), "wb");
     if (!file)
-        throw StoreError("The workbook '" + path + "' cannot be created: its folder is missing or cannot be written.");
+        throw StoreError("A munkafüzet nem hozható létre, mert a mappája hiányzik vagy nem írható: \"" + path + "\".");
     gsf_init();
     GsfOutput* sink = gsf_output_stdio_new_FILE(path.c_str(), file, TRUE);
     GsfOutfile* compound = gsf_outfile_msole_new(sink);
@@ -193,7 +193,7 @@ void BiffWriter::Impl::writeFile() const {
     written = closeAll(sink) && written;
     written = std::ferror(file) == 0 && std::fflush(file) == 0 && written;
     if (std::fclose(file) != 0 || !written)
-        throw StoreError("The workbook '" + path + "' cannot be written: the disk is full or fails.");
+        throw StoreError("A munkafüzet nem írható, mert a lemez megtelt vagy hibás: \"" + path + "\".");
 }
 
 } // namespace odbc

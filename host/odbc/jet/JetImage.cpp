@@ -67,7 +67,7 @@ std::uint32_t JetImage::allocate() {
         number = *mFree.begin();
         mFree.erase(mFree.begin());
     } else if (mCount++ >= kMaxPages) {
-        throw StoreError("The database would grow past 2 GB, the most that an Access file can hold.");
+        throw StoreError("Az adatbázis 2 GB-nál nagyobb lenne, ennyit egy Access fájl nem tárolhat.");
     }
     mChanged[number] = PageBytes{};
     return number;

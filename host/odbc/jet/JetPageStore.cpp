@@ -13,7 +13,7 @@ JetPageStore::JetPageStore(const std::string& path, std::uint32_t limit)
     : m_path(path), m_limit(limit), m_window(kWindow * kPageSize) {
     m_file = ::open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (m_file < 0)
-        throw StoreError("The file \"" + path + "\" could not be created: " + std::strerror(errno) + ".");
+        throw StoreError("A fájl nem hozható létre: \"" + path + "\": " + std::strerror(errno) + ".");
 }
 
 JetPageStore::JetPageStore(int descriptor, std::string name, std::uint32_t limit)
@@ -26,13 +26,13 @@ JetPageStore::~JetPageStore() {
 
 void JetPageStore::fail(int error) const {
     if (error == ENOSPC || error == EDQUOT)
-        throw StoreError("The file \"" + m_path + "\" could not be written: the disk is full.");
-    throw StoreError("The file \"" + m_path + "\" could not be written: " + std::strerror(error) + ".");
+        throw StoreError("A fájl nem írható, mert a lemez megtelt: \"" + m_path + "\".");
+    throw StoreError("A fájl nem írható: \"" + m_path + "\": " + std::strerror(error) + ".");
 }
 
 std::uint32_t JetPageStore::allocate() {
     if (m_count >= m_limit)
-        throw StoreError("The database would grow past 2 GB, the most that an Access file can hold.");
+        throw StoreError("Az adatbázis 2 GB-nál nagyobb lenne, ennyit egy Access fájl nem tárolhat.");
     if (m_count == m_first + kWindow)
         flush();
     return m_count++;

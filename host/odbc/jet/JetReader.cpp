@@ -148,8 +148,8 @@ std::vector<CatalogueEntry> Reader::readCatalogue() {
 std::string Reader::countFault(const std::string& name, std::uint32_t said, std::uint32_t found) const {
     if (found >= said)
         return {};
-    return "The file \"" + m_file.name() + "\" is damaged: the table \"" + name + "\" says that it holds " + std::to_string(said) + " rows, but " +
-           std::to_string(found) + " were found.";
+    return "A fájl sérült: \"" + m_file.name() + "\". A tábla (" + name + ") szerint " + std::to_string(said) + " sora van, de csak " +
+           std::to_string(found) + " található.";
 }
 
 void Reader::readTable(const CatalogueEntry& entry) {
@@ -191,8 +191,7 @@ StoreTable jet::describeTable(const JetFile& file, const std::string& name, cons
     for (const JetColumn& column : columns) {
         const auto kind = kindOf(column.type);
         if (!kind)
-            throw StoreError("The column \"" + column.name + "\" of the table \"" + name +
-                             "\" has a type that is not known here.");
+            throw StoreError("A tábla (" + name + ") egyik oszlopának típusa ismeretlen: " + column.name + ".");
         StoreColumn& described = table.columns.emplace_back(StoreColumn{column.name, *kind, 0, 0, 0});
         if (*kind == ColumnKind::Text) {
             const std::size_t size = file.jet3() ? column.length : column.length / std::size_t{2};

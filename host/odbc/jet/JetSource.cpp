@@ -86,7 +86,7 @@ public:
             if ((columns[i].flags & kAutonumber) != 0 && columns[i].is(ColumnType::Long) && rules.counter < 0)
                 rules.counter = static_cast<int>(i);
             else if ((columns[i].flags & (kAutonumber | kAutoGuid)) != 0)
-                rules.unchangeable = "The column " + columns[i].name + " of the table " + mOrigin.name + " fills itself in a way that is not known here; the table is left as it is.";
+                rules.unchangeable = "A tábla (" + mOrigin.name + ") egyik oszlopa ismeretlen módon tölti ki magát, ezért a tábla nem módosítható: " + columns[i].name + ".";
         }
         for (const JetIndex& index : mTail.indexes)
             if (rules.unchangeable.empty())
@@ -99,7 +99,7 @@ private:
         const bool known = (index.flags & ~kKnownFlags) == 0 && !index.parts.empty() &&
                            std::all_of(index.parts.begin(), index.parts.end(), [&](const JetIndex::Part& part) { return knowsKeysOf(mDefinition, part); });
         if (!known || !makesSameKeys(index)) {
-            rules.unchangeable = "The table " + mOrigin.name + " has the index " + index.name + ", which is of a kind that cannot be kept in order here; the table is left as it is.";
+            rules.unchangeable = "A tábla (" + mOrigin.name + ") egyik indexe nem tartható rendben, ezért a tábla nem módosítható: " + index.name + ".";
             return;
         }
         TableRules::Key key{index.name, {}, (index.flags & jet::index::kUnique) != 0, (index.flags & jet::index::kRequired) != 0};

@@ -140,7 +140,7 @@ std::vector<std::uint8_t> JetTablePatch::assemble(const JetValues& values) const
     }
     row.insert(row.end(), mask.begin(), mask.end());
     if (row.size() > data::kMaxRow)
-        throw StoreError("A row of the table \"" + mOrigin.name + "\" is longer than the 4,060 bytes that an Access table allows.");
+        throw StoreError("A tábla (" + mOrigin.name + ") egyik sora hosszabb, mint az Accessben megengedett 4060 bájt.");
     return row;
 }
 
@@ -283,7 +283,7 @@ void JetTablePatch::addKeys(const JetValues& values, std::uint32_t pointer, cons
         } else {
             const std::optional<JetKey> made = keyOf(mDefinition, index, values);
             if (!made)
-                throw StoreError("The table \"" + mOrigin.name + "\" has the index \"" + index.name + "\", in whose order a text of a row has no known place.");
+                throw StoreError("A tábla (" + mOrigin.name + ") indexében (" + index.name + ") egy sor szövegének nincs ismert helye.");
             if (!made->allNull || (index.flags & jet::index::kIgnoreNulls) == 0)
                 key = made->bytes;
         }

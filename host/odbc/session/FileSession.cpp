@@ -10,8 +10,8 @@
 namespace odbc {
 
 namespace {
-constexpr const char* kReadOnly = "The database is open for reading only, or you have no right to change its file.";
-constexpr const char* kAccess97 = "The database is one of Access 97, which can be read but not changed; save it as a newer .mdb in Access.";
+constexpr const char* kReadOnly = "Az adatbázis csak olvasásra van nyitva, vagy nincs jog a fájl módosításához.";
+constexpr const char* kAccess97 = "Az adatbázis Access 97 formátumú: olvasható, de nem módosítható. Mentse el Accessben újabb .mdb formátumban.";
 } // namespace
 
 FileSession::FileSession(FileForm form, std::wstring_view hostPath, bool readOnly)
@@ -19,7 +19,7 @@ FileSession::FileSession(FileForm form, std::wstring_view hostPath, bool readOnl
       mStore(form == FileForm::Access ? kDatabaseRules : kWorkbookRules) {
     if (form == FileForm::Workbook && !fileExists(mPath)) {
         if (!mayReplace(mPath))
-            throw StoreError("The file \"" + mShown + "\" cannot be made: its folder is missing or cannot be written.");
+            throw StoreError("A fájl nem hozható létre, mert a mappája hiányzik vagy nem írható: \"" + mShown + "\".");
         return;
     }
     if (fileExists(mPath) && !mayReplace(mPath))
@@ -91,7 +91,7 @@ void FileSession::close() {
 void createAccessFile(std::wstring_view hostPath) {
     const std::string path = acFileSystemPath(hostPath), shown = acToUtf8(hostPath);
     if (fileExists(path))
-        throw StoreError("The file \"" + shown + "\" exists already.");
+        throw StoreError("A fájl már létezik: \"" + shown + "\".");
     ReplacingFile file(path, shown);
     JetWriter(file.descriptor(), shown).finish();
     file.commit(nullptr);

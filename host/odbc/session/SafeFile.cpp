@@ -37,12 +37,12 @@ std::string behindLinks(const std::string& path) {
     switch (error) {
     case ENOENT:
     case ENOTDIR:
-        throw StoreError("The file \"" + shown + "\" does not exist.");
+        throw StoreError("A fájl nem létezik: \"" + shown + "\".");
     case EACCES:
     case EPERM:
-        throw StoreError("You have no right to read the file \"" + shown + "\".");
+        throw StoreError("Nincs jog a fájl olvasásához: \"" + shown + "\".");
     default:
-        throw StoreError("The file \"" + shown + "\" cannot be opened.");
+        throw StoreError("A fájl nem nyitható meg: \"" + shown + "\".");
     }
 }
 
@@ -51,22 +51,22 @@ std::string behindLinks(const std::string& path) {
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        throw StoreError("The file \"" + shown + "\" cannot be written: the disk is full.");
+        throw StoreError("A fájl nem írható, mert a lemez megtelt: \"" + shown + "\".");
     case EACCES:
     case EPERM:
     case EROFS:
-        throw StoreError("The file \"" + shown + "\" cannot be written: you have no right to change its folder.");
+        throw StoreError("A fájl nem írható, mert nincs jog a mappájához: \"" + shown + "\".");
     default:
-        throw StoreError("The file \"" + shown + "\" cannot be written.");
+        throw StoreError("A fájl nem írható: \"" + shown + "\".");
     }
 }
 
 [[noreturn]] void refuseInUse(const std::string& shown) {
-    throw StoreError("The file \"" + shown + "\" is in use: it is open in this program or another one.");
+    throw StoreError("A fájl használatban van, ebben a programban vagy egy másikban nyitva áll: \"" + shown + "\".");
 }
 
 [[noreturn]] void refuseChanged(const std::string& shown) {
-    throw StoreError("The file \"" + shown + "\" was changed by another program while it was open here; it stands as that one left it.");
+    throw StoreError("A fájlt közben egy másik program megváltoztatta, ezért az ő változata maradt meg: \"" + shown + "\".");
 }
 } // namespace
 
@@ -78,7 +78,7 @@ LockedFile::LockedFile(const std::string& path, const std::string& shown, bool f
         if (::stat(path.c_str(), &status) != 0)
             refuseOpen(shown, errno);
         if (!S_ISREG(status.st_mode))
-            throw StoreError("\"" + shown + (S_ISDIR(status.st_mode) ? "\" is a folder, no database." : "\" is no file."));
+            throw StoreError(std::string(S_ISDIR(status.st_mode) ? "Ez mappa, nem adatbázis: \"" : "Ez nem fájl: \"") + shown + "\".");
         // An exclusive lock wants a descriptor that may write, on NFS.
         mFile = ::open(path.c_str(), (forWriting ? O_RDWR : O_RDONLY) | O_CLOEXEC);
         if (mFile < 0)

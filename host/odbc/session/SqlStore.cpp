@@ -47,7 +47,7 @@ void requireUsable(const CatalogueTable& table, SqlStatement::Kind kind) {
 }
 
 [[noreturn]] void refuseShape() {
-    throw StoreError("The database was made by another program: tables are neither made nor dropped in it, only their rows are changed.");
+    throw StoreError("Az adatbázist más program készítette: tábla nem hozható létre és nem törölhető benne, csak a sorai módosíthatók.");
 }
 
 void requireName(const std::string& name, std::size_t most, const char* forbidden, const char* what) {
@@ -55,7 +55,7 @@ void requireName(const std::string& name, std::size_t most, const char* forbidde
     const bool good = appendUtf16(name, units) && !units.empty() && units.size() <= most && units.front() != u' ' &&
                       name.find_first_of(forbidden) == std::string::npos;
     if (!good)
-        throw StoreError(std::string("The name ") + name + " cannot be given to a " + what + ".");
+        throw StoreError(std::string("Ez a név nem adható (") + what + "): " + name + ".");
 }
 } // namespace
 
@@ -86,7 +86,9 @@ SqlStore::~SqlStore() = default;
 // ---- SQLite ------------------------------------------------------------------------------
 
 void SqlStore::fail() const {
-    throw StoreError(mDatabase == nullptr ? "There is not enough memory for the database." : std::string("The database fails: ") + sqlite3_errmsg(mDatabase.get()) + ".");
+    if (mDatabase != nullptr && sqlite3_extended_errcode(mDatabase.get()) == SQLITE_CONSTRAINT_UNIQUE)
+        throw StoreError("Ez a kulcs már szerepel a táblában.");
+    throw StoreError(mDatabase == nullptr ? "Nincs elég memória az adatbázishoz." : std::string("Az adatbázis hibát jelez: ") + sqlite3_errmsg(mDatabase.get()) + ".");
 }
 
 SqlStore::Handle SqlStore::prepare(const std::string& sql) const {
@@ -122,15 +124,15 @@ CatalogueTable& SqlStore::makeTable(const StoreTable& table) {
 }
 
 void SqlStore::create(const StoreTable& table) {
-    requireName(table.name, mRules.mostName, mRules.forbidden, "table");
+    requireName(table.name, mRules.mostName, mRules.forbidden, "tábla");
     if (mRules.sorted && !jet::isSortable(table.name))
-        throw StoreError("The name " + table.name + " cannot be given to a table: it holds a character that has no place in the order of an Access file.");
+        throw StoreError("Ez a név nem adható táblának, mert olyan karakter van benne, amelynek nincs helye az Access rendezésében: " + table.name + ".");
     if (table.columns.size() > mRules.mostColumns)
-        throw StoreError("The table " + table.name + " would have more than " + std::to_string(mRules.mostColumns) + " columns.");
+        throw StoreError("A táblának (" + table.name + ") " + std::to_string(mRules.mostColumns) + " oszlopnál több nem lehet.");
     for (const StoreColumn& column : table.columns) {
-        requireName(column.name, kMostColumnName, kDatabaseRules.forbidden, "column");
+        requireName(column.name, kMostColumnName, kDatabaseRules.forbidden, "oszlop");
         if (!mRules.bytes && (column.kind == ColumnKind::Binary || column.kind == ColumnKind::Ole))
-            throw StoreError("The column " + column.name + " would hold bytes, which a sheet cannot.");
+            throw StoreError("Munkalap nem tárolhat bájtokat, az oszlop ilyen lenne: " + column.name + ".");
     }
     if (mTracked)
         refuseShape();
@@ -224,7 +226,7 @@ void SqlStore::requireRows(const CatalogueTable& table, const TableRules::Key& k
     if (key.required)
         for (const char* when : {"INSERT", "UPDATE"})
             run("CREATE TRIGGER " + name + when + " BEFORE " + when + " ON " + table.sqlName + " WHEN " + empty +
-                " BEGIN SELECT RAISE(ABORT,'the key would be empty'); END");
+                " BEGIN SELECT RAISE(ABORT,'a kulcs üres lenne'); END");
     if (key.unique)
         run("CREATE UNIQUE INDEX " + name + " ON " + table.sqlName + "(" + list + ")");
 }
@@ -260,7 +262,7 @@ void SqlStore::obey(const std::string& table, const TableRules& rules) {
         if (rules.counter >= 0)
             addCounter(*entry, rules);
     } catch (const StoreError&) {
-        entry->unchangeable = "The rows of the table " + table + " do not keep to its own keys; it is left as it is.";
+        entry->unchangeable = "A tábla sorai nem tartják be a tábla kulcsait, ezért nem módosítható: " + table + ".";
     }
 }
 
@@ -273,7 +275,7 @@ void SqlStore::obey(const TableRelation& relation) {
     for (std::size_t i = 0; i < relation.parentColumns.size(); ++i) {
         const int p = parent->column(foldedName(relation.parentColumns[i])), c = child->column(foldedName(relation.childColumns[i]));
         if (p < 0 || c < 0) {
-            parent->unchangeable = child->unchangeable = "The relation " + relation.name + " of the table " + relation.child + " names a column that does not exist.";
+            parent->unchangeable = child->unchangeable = "A kapcsolat (" + relation.name + ") nem létező oszlopot nevez meg, ezért a tábla nem módosítható: " + relation.child + ".";
             return;
         }
         const std::string pc = "c" + std::to_string(p), cc = "c" + std::to_string(c), glue = i == 0 ? "" : " AND ";
@@ -290,7 +292,7 @@ void SqlStore::obey(const TableRelation& relation) {
         std::string quoted;
         for (const char c : relation.name)
             quoted.append(c == '\'' ? 2 : 1, c);
-        return " BEGIN SELECT RAISE(ABORT,'the relation " + quoted + " would be broken'); END";
+        return " BEGIN SELECT RAISE(ABORT,'sérülne a kapcsolat (" + quoted + ")'); END";
     }();
     run("CREATE INDEX " + name + "p ON " + parent->sqlName + "(" + parents + ")");
     run("CREATE INDEX " + name + "c ON " + child->sqlName + "(" + children + ")");
@@ -385,8 +387,7 @@ void SqlStore::bindLiterals(Prepared& prepared) {
         const StoreCell cell = into < 0 ? comparedValue(token, mTexts) : valueFor(column, token, mTexts);
         if (into >= 0 && !prepared.table->sorted.empty() && prepared.table->sorted[static_cast<std::size_t>(into)] &&
             cell.type == StoreCell::Type::Text && !jet::isSortable(cell.bytes))
-            throw StoreError("The column " + column.name + " has an index, and the text " + std::string(cell.bytes) +
-                             " holds a character that has no known place in its order.");
+            throw StoreError("Az oszlop (" + column.name + ") indexében nincs ismert helye a szöveg egyik karakterének: " + std::string(cell.bytes) + ".");
         if (bindCell(prepared.handle.get(), static_cast<int>(literal), column, cell) != SQLITE_OK)
             fail();
     }
@@ -433,7 +434,7 @@ void SqlStore::executeUnnamed(std::wstring_view sql, const std::string& whyReadO
     Prepared& statement = prepared(sql);
     const SqlStatement::Kind kind = statement.statement.kind;
     if (mRules.workbook && kind != SqlStatement::Kind::Create && kind != SqlStatement::Kind::Insert && kind != SqlStatement::Kind::Update)
-        throw StoreError("A workbook takes CREATE TABLE, INSERT INTO and UPDATE only.");
+        throw StoreError("A munkafüzet csak CREATE TABLE, INSERT INTO és UPDATE utasítást fogad.");
     if (!whyReadOnly.empty() && kind != SqlStatement::Kind::Select)
         throw StoreError(whyReadOnly);
     indexLookup(statement);
@@ -459,9 +460,9 @@ void SqlStore::executeUnnamed(std::wstring_view sql, const std::string& whyReadO
 ResultSet SqlStore::queryUnnamed(std::wstring_view sql) {
     Prepared& statement = prepared(sql);
     if (statement.statement.kind != SqlStatement::Kind::Select)
-        throw StoreError("The statement gives no rows: it is no SELECT.");
+        throw StoreError("Az utasítás nem ad sorokat: nem SELECT.");
     if (mRules.workbook)
-        throw StoreError("A workbook takes CREATE TABLE, INSERT INTO and UPDATE only.");
+        throw StoreError("A munkafüzet csak CREATE TABLE, INSERT INTO és UPDATE utasítást fogad.");
     indexLookup(statement);
     bindLiterals(statement);
     ResultSet result;

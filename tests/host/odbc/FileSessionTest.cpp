@@ -54,10 +54,10 @@ int openStatus(const std::wstring& path, const wchar_t* word) {
 
 TEST(FileOpen, an_absent_file_and_a_folder_are_told) {
     const std::wstring folder = testTempDir();
-    EXPECT_NE(refusedOpen(folder + L"\\none.mdb").find(L"does not exist"), std::wstring::npos);
-    EXPECT_NE(refusedOpen(folder + L"\\none\\a.mdb").find(L"does not exist"), std::wstring::npos);
-    EXPECT_NE(refusedOpen(folder).find(L"folder"), std::wstring::npos);
-    EXPECT_NE(refusedOpen(L"/dev/null").find(L"no file"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(folder + L"\\none.mdb").find(L"nem létezik"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(folder + L"\\none\\a.mdb").find(L"nem létezik"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(folder).find(L"mappa"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(L"/dev/null").find(L"nem fájl"), std::wstring::npos);
 }
 
 TEST(FileOpen, junk_is_no_database_and_stays_as_it_is) {
@@ -83,7 +83,7 @@ TEST(FileOpen, a_file_with_a_password_or_encrypted_is_told_and_stays_as_it_is) {
     const std::wstring path = newDatabase();
     fill(path, 3);
     const std::string whole = fileBytes(path);
-    for (const auto& [offset, word] : {std::pair(std::size_t{0x42}, L"password"), std::pair(std::size_t{0x3E}, L"encrypted")}) {
+    for (const auto& [offset, word] : {std::pair(std::size_t{0x42}, L"jelszó"), std::pair(std::size_t{0x3E}, L"titkosított")}) {
         std::string changed = whole;
         changed[offset] ^= '\x5A';
         writeFile(path, changed);
@@ -102,7 +102,7 @@ TEST(FileOpen, a_file_without_rights_is_told_and_one_to_be_read_only_can_be_read
         return inChild([&] { return ::geteuid() == 0 && ::setuid(65534) != 0 ? 9 : action(); });
     };
     if (::geteuid() == 0) { // an owner has his rights
-        EXPECT_EQ(asNobody([&] { return openStatus(path, L"right"); }), 1);
+        EXPECT_EQ(asNobody([&] { return openStatus(path, L"incs jog"); }), 1);
     }
     ::chmod(file(path).c_str(), 0444);
     ::chmod(folder.c_str(), 0555);
@@ -115,7 +115,7 @@ TEST(FileOpen, a_file_without_rights_is_told_and_one_to_be_read_only_can_be_read
             database.ExecuteSQL(L"DELETE * FROM T");
             return 5;
         } catch (CDBException* error) {
-            const bool told = error->m_strError.text().find(L"right") != std::wstring::npos;
+            const bool told = error->m_strError.text().find(L"nincs jog") != std::wstring::npos;
             error->Delete();
             return told ? 1 : 2;
         }
@@ -150,8 +150,8 @@ TEST(FileOpen, a_read_only_connection_changes_nothing) {
 TEST(FileLock, a_second_connection_of_this_program_or_another_is_refused) {
     const std::wstring path = newDatabase();
     OpenDatabase database(path);
-    EXPECT_NE(refusedOpen(path).find(L"in use"), std::wstring::npos);
-    EXPECT_EQ(inChild([&] { return openStatus(path, L"in use"); }), 1);
+    EXPECT_NE(refusedOpen(path).find(L"használatban"), std::wstring::npos);
+    EXPECT_EQ(inChild([&] { return openStatus(path, L"használatban"); }), 1);
     database.ExecuteSQL(L"CREATE TABLE T (A NUMBER)");
     database.Close();
     EXPECT_EQ(inChild([&] { return openStatus(path, L""); }), 0);
@@ -171,7 +171,7 @@ TEST(FileLock, ends_with_the_process_that_held_it) {
     }
     char byte = 0;
     ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-    EXPECT_NE(refusedOpen(path).find(L"in use"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(path).find(L"használatban"), std::wstring::npos);
     ::kill(holder, SIGKILL);
     ::waitpid(holder, nullptr, 0);
     OpenDatabase database(path);
@@ -230,7 +230,7 @@ TEST(FileClose, a_file_that_cannot_be_written_throws_once_and_stays) {
     OpenDatabase database(path);
     database.ExecuteSQL(L"DELETE * FROM T");
     std::filesystem::rename(folder, acToUtf8(moved));
-    EXPECT_NE(refusal([&] { database.Close(); }).find(L"a.mdb\" cannot be written"), std::wstring::npos);
+    EXPECT_NE(refusal([&] { database.Close(); }).find(L"nem írható"), std::wstring::npos);
     EXPECT_FALSE(database.IsOpen());
     database.Close();
     std::filesystem::rename(acToUtf8(moved), folder);
@@ -260,7 +260,7 @@ TEST(FileClose, a_record_too_long_for_the_format_is_told_under_the_file_s_own_na
     database.ExecuteSQL((L"CREATE TABLE T (" + columns + L")").c_str());
     database.ExecuteSQL((L"INSERT INTO T VALUES (" + values + L")").c_str());
     const std::wstring text = refusal([&] { database.Close(); });
-    EXPECT_NE(text.find(L"4,060 bytes"), std::wstring::npos);
+    EXPECT_NE(text.find(L"4060 bájt"), std::wstring::npos);
     EXPECT_EQ(text.find(L".tmp"), std::wstring::npos);
     EXPECT_EQ(fileBytes(path), before);
 }

@@ -130,11 +130,11 @@ TEST(FileUse, readers_do_not_exclude_each_other_but_a_writer) {
     second.Open(nullptr, FALSE, TRUE, accessConnect(path).c_str());
     EXPECT_EQ(rowsOf(first, L"SELECT * FROM T").size(), 3u);
     EXPECT_EQ(rowsOf(second, L"SELECT * FROM T").size(), 3u);
-    EXPECT_NE(opened(path, false).find(L"in use"), std::wstring::npos);
+    EXPECT_NE(opened(path, false).find(L"használatban"), std::wstring::npos);
     first.Close();
     second.Close();
     OpenDatabase writer(path);
-    EXPECT_NE(opened(path, true).find(L"in use"), std::wstring::npos);
+    EXPECT_NE(opened(path, true).find(L"használatban"), std::wstring::npos);
 }
 
 TEST(FileUse, a_database_that_access_has_open_is_in_use) {
@@ -142,14 +142,14 @@ TEST(FileUse, a_database_that_access_has_open_is_in_use) {
     const std::string lock = file(path).substr(0, file(path).size() - 4) + ".LDB";
     writeFile(acFromUtf8(lock), "who");
     expectKept(path);
-    EXPECT_NE(opened(path, false).find(L"in use"), std::wstring::npos);
+    EXPECT_NE(opened(path, false).find(L"használatban"), std::wstring::npos);
     EXPECT_EQ(opened(path, true), L"");
     std::filesystem::remove(lock);
     OpenDatabase database(path);
     database.ExecuteSQL(L"DELETE * FROM T");
     const std::string before = fileBytes(path);
     writeFile(acFromUtf8(lock), "who"); // it came while the file was open here
-    EXPECT_NE(refusal([&] { database.Close(); }).find(L"in use"), std::wstring::npos);
+    EXPECT_NE(refusal([&] { database.Close(); }).find(L"használatban"), std::wstring::npos);
     EXPECT_EQ(fileBytes(path), before);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(std::filesystem::path(file(path)).parent_path()), {}), 2);
 }
@@ -168,7 +168,7 @@ TEST(FileUse, what_another_program_did_to_the_file_meanwhile_is_noticed_and_stay
             writeFile(path, theirs);
         }
         const std::wstring text = refusal([&] { database.Close(); });
-        EXPECT_NE(text.find(L"changed by another program"), std::wstring::npos) << acToUtf8(text);
+        EXPECT_NE(text.find(L"másik program megváltoztatta"), std::wstring::npos) << acToUtf8(text);
         EXPECT_EQ(text.find(L'\n'), std::wstring::npos);
         EXPECT_EQ(fileBytes(path), theirs);
     }
@@ -179,7 +179,7 @@ TEST(FileUse, a_workbook_that_another_program_made_meanwhile_stays) {
     OpenDatabase database(path, excelConnect(path));
     database.ExecuteSQL(L"CREATE TABLE T (ID NUMBER)");
     writeFile(path, "theirs");
-    EXPECT_NE(refusal([&] { database.Close(); }).find(L"changed by another program"), std::wstring::npos);
+    EXPECT_NE(refusal([&] { database.Close(); }).find(L"másik program megváltoztatta"), std::wstring::npos);
     EXPECT_EQ(fileBytes(path), "theirs");
 }
 
@@ -195,7 +195,7 @@ TEST(FileUse, a_file_system_that_cannot_lock_keeps_nobody_out) {
     }
     EXPECT_EQ(opened(path, false), L"");
     gLockError = EWOULDBLOCK;
-    EXPECT_NE(opened(path, false).find(L"in use"), std::wstring::npos);
+    EXPECT_NE(opened(path, false).find(L"használatban"), std::wstring::npos);
     gLockError = 0;
     OpenDatabase database(path);
     EXPECT_EQ(rowsOf(database, L"SELECT * FROM T").size(), 7u);

@@ -32,8 +32,8 @@ TEST(JetLimits, text_that_is_no_unicode) {
 }
 TEST(JetLimits, names_longer_than_64_characters) {
     const std::string longName(65, 'N');
-    EXPECT_NE(writeError({{longName, {number("ID")}}, {}}).find("longer than the 64 characters"), std::string::npos);
-    EXPECT_NE(writeError({{"T", {number(longName)}}, {}}).find("longer than the 64 characters"), std::string::npos);
+    EXPECT_NE(writeError({{longName, {number("ID")}}, {}}).find("64 karakternél"), std::string::npos);
+    EXPECT_NE(writeError({{"T", {number(longName)}}, {}}).find("64 karakternél"), std::string::npos);
     std::string wide;
     for (int i = 0; i < 64; ++i)
         wide += "Ő";
@@ -91,7 +91,7 @@ TEST(JetLimits, sizes_that_no_column_has) {
               "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
     EXPECT_EQ(writeError({{"T", {text("C", 0)}}, {}}),
               "The size of the column \"C\" of the table \"T\" must be 1 to 255 characters.");
-    EXPECT_NE(writeError({{"T", {decimal("C", 29, 0)}}, {}}).find("1 to 28 digits"), std::string::npos);
+    EXPECT_NE(writeError({{"T", {decimal("C", 29, 0)}}, {}}).find("1–28 számjegy"), std::string::npos);
 }
 TEST(JetLimits, numbers_of_another_type_are_taken_where_nothing_is_lost) {
     using enum ColumnKind;
@@ -106,7 +106,7 @@ TEST(JetLimits, numbers_of_another_type_are_taken_where_nothing_is_lost) {
                              {{7.0, 7, "12.5000", "3.01", 40000.0, 1}}}});
 }
 TEST(JetLimits, a_file_that_cannot_be_made) {
-    EXPECT_NE(errorOf([] { JetWriter writer(newFile() + "/none/test.mdb"); }).find("could not be created"),
+    EXPECT_NE(errorOf([] { JetWriter writer(newFile() + "/none/test.mdb"); }).find("nem hozható létre"),
               std::string::npos);
 }
 TEST(JetLimits, a_full_disk) {

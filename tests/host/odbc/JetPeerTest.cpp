@@ -157,7 +157,7 @@ TEST(JetPeer, mdbcheck_tells_clean_broken_and_foreign_files_apart) {
     EXPECT_EQ(runProgram(program + path, &status),
               "page " + std::to_string(page) + ": The table \"TABLA\" says that it has 7 rows, but there are 1500.\n");
     EXPECT_EQ(status, 1);
-    EXPECT_EQ(runProgram(program + "/tmp 2>&1", &status), "mdbcheck: \"/tmp\" is a folder, not a database file.\n");
+    EXPECT_EQ(runProgram(program + "/tmp 2>&1", &status), "mdbcheck: Ez mappa, nem adatbázis: \"/tmp\".\n");
     EXPECT_EQ(status, 3);
     runProgram(program + "2>/dev/null", &status);
     EXPECT_EQ(status, 2);

@@ -52,7 +52,7 @@ TEST_F(SqlDialect, a_doubled_apostrophe_is_one) {
 
 TEST_F(SqlDialect, a_stray_apostrophe_is_a_syntax_error) {
     for (const wchar_t* name : {L"O'Hara", L"a'b'c", L"'", L"x' AS 'y"})
-        EXPECT_NE(refused(std::wstring(L"INSERT INTO T (ID,NEV) VALUES (4,'") + name + L"')").find(L"yntax error"), std::wstring::npos);
+        EXPECT_NE(refused(std::wstring(L"INSERT INTO T (ID,NEV) VALUES (4,'") + name + L"')").find(L"zintaktikai hiba"), std::wstring::npos);
     EXPECT_EQ(rows(L"SELECT * FROM T").size(), 3u);
 }
 
@@ -235,7 +235,7 @@ TEST_F(SqlDialect, brackets_without_end_are_refused_before_the_stack_is_full) {
 }
 
 TEST_F(SqlDialect, a_table_or_column_that_stands_is_not_made_again) {
-    EXPECT_NE(refused(L"CREATE TABLE t (X NUMBER)").find(L"exists"), std::wstring::npos);
+    EXPECT_NE(refused(L"CREATE TABLE t (X NUMBER)").find(L"létezik"), std::wstring::npos);
     refused(L"CREATE TABLE X (A NUMBER, a TEXT)");
     refused(L"CREATE TABLE X (A ÁBRA)");
     refused(L"CREATE TABLE X (A TEXT(256))");
