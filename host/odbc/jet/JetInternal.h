@@ -1,7 +1,6 @@
-// The reader and the checker on a file that is open already: for the checks of both.
+// The reader on a file that is open already.
 #pragma once
 
-#include "JetCheck.h"
 #include "JetDecoder.h"
 #include "JetRows.h"
 #include "store/StoreTable.h"
@@ -21,7 +20,5 @@ std::vector<JetColumn> orderedColumns(const JetDefinition& definition);
 // One value of a row; the cell's bytes may lie in `text` or in the row.
 StoreCell cellOf(const JetFile& file, JetDecoder& decoder, const JetColumn& column, ColumnKind kind, const JetRow& row, std::string& text);
 StoreTable describeTable(const JetFile& file, const std::string& name, const std::vector<JetColumn>& columns);
-// The file is of Jet 4.
-std::vector<JetViolation> checkRules(const JetFile& file);
 
 } // namespace odbc::jet

@@ -3,7 +3,7 @@
 
 #include "JetTestSupport.h"
 #include "TestSupport.h"
-#include "jet/JetCheck.h"
+#include "rules/JetCheck.h"
 
 #include <algorithm>
 

@@ -104,7 +104,7 @@ TEST(JetReader, an_empty_list_of_pages_against_a_count_of_rows) {
 TEST(JetReader, a_count_of_rows_that_disagrees) {
     EXPECT_TRUE(contains(
         errorAfter([](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kRowCount, 301); }),
-        "the table \"TABLA\" says that it holds 301 rows, but 300 were found."));
+        "A tábla (TABLA) szerint 301 sora van, de csak 300 található."));
 }
 TEST(JetReader, a_page_that_is_missing_from_the_list) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
@@ -112,11 +112,11 @@ TEST(JetReader, a_page_that_is_missing_from_the_list) {
                              std::uint8_t* map = file.row(file.definition(file.tablePage("TABLA")).usedMap);
                              map[5 + page / 8] = static_cast<std::uint8_t>(map[5 + page / 8] & ~(1u << page % 8));
                          }),
-                         "says that it holds 300 rows, but "));
+                         "szerint 300 sora van, de csak "));
 }
 TEST(JetReader, a_column_of_an_unknown_type) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.columnBytes("TABLA", "ID")[0] = 18; }),
-                         "The column \"ID\" of the table \"TABLA\" has a type that is not known here."));
+                         "A tábla (TABLA) egyik oszlopának típusa ismeretlen: ID."));
 }
 TEST(JetReader, a_definition_without_end) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {

@@ -1,7 +1,7 @@
 #include "JetTestSupport.h"
 
 #include "TestSupport.h"
-#include "jet/JetCheck.h"
+#include "rules/JetCheck.h"
 #include "jet/JetDecoder.h"
 #include "jet/JetReader.h"
 #include "jet/JetRows.h"

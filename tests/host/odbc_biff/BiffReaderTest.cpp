@@ -269,7 +269,7 @@ TEST(BiffReader, a_sheet_of_nearly_nothing_but_room_is_refused) {
             try {
                 odbc::readBiffStream(book.stream(), "book.xls", sink);
             } catch (const odbc::StoreError& error) {
-                EXPECT_STREQ(error.what(), "The workbook 'book.xls' spans more empty cells than can be read.");
+                EXPECT_STREQ(error.what(), "A munkafüzetben túl sok az üres cella: \"book.xls\".");
                 throw;
             }
         },
@@ -281,8 +281,8 @@ TEST(BiffReader, a_sheet_of_nearly_nothing_but_room_is_refused) {
 
 TEST(BiffReaderFault, a_file_that_is_no_workbook_is_told) {
     const std::string folder = testTempPath();
-    EXPECT_EQ(faultOfFile(folder + "/none.xls"), "The workbook '" + folder + "/none.xls' does not exist.");
-    EXPECT_EQ(faultOfFile(folder), "The workbook '" + folder + "' is a folder.");
+    EXPECT_EQ(faultOfFile(folder + "/none.xls"), "A munkafüzet nem létezik: \"" + folder + "/none.xls\".");
+    EXPECT_EQ(faultOfFile(folder), "Ez mappa, nem munkafüzet: \"" + folder + "\".");
     EXPECT_NE(faultOfFile(fileWith("")).find("Ez nem munkafüzet"), std::string::npos);
     EXPECT_NE(faultOfFile(fileWith("<html>table</html>")).find("Ez nem munkafüzet"), std::string::npos);
     EXPECT_NE(faultOfFile(fileWith("PK\x03\x04 and so on")).find(".xlsx"), std::string::npos);
@@ -295,7 +295,7 @@ TEST(BiffReaderFault, a_locked_workbook_is_told) {
     StreamMaker book;
     book.global(0x002F, Bytes().u16(1).raw(std::string(52, 'k')));
     book.sheet("S");
-    EXPECT_EQ(fault(book.stream()), "The workbook 'book.xls' is password-protected.");
+    EXPECT_EQ(fault(book.stream()), "A munkafüzetet jelszó védi: \"book.xls\".");
     EXPECT_NE(faultOfFile(fileWith(container(u"WORKBOOK", book.stream()))).find("jelszó védi"), std::string::npos);
 }
 

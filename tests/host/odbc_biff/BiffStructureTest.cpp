@@ -233,7 +233,7 @@ TEST(BiffWriter, columns_that_a_sheet_cannot_hold_are_refused) {
         table.shape.columns.push_back(number("C" + std::to_string(i)));
     EXPECT_NE(refusal({table}).find("1–256 oszlopa"), std::string::npos);
     table.shape.columns = {column("KEP", ColumnKind::Ole)};
-    EXPECT_EQ(refusal({table}), "The column 'KEP' of the table 'T' holds bytes, which a workbook cannot hold.");
+    EXPECT_EQ(refusal({table}), "A tábla (T) oszlopa (KEP) bájtokat tartalmaz, amit munkafüzet nem tárolhat.");
 }
 
 TEST(BiffWriter, values_that_a_cell_cannot_hold_are_refused) {
@@ -275,9 +275,9 @@ TEST(BiffWriter, a_full_disk_and_a_missing_folder_are_told) {
         }
         return std::string();
     };
-    EXPECT_EQ(at("/dev/full"), "The workbook '/dev/full' cannot be written: the disk is full or fails.");
+    EXPECT_EQ(at("/dev/full"), "A munkafüzet nem írható, mert a lemez megtelt vagy hibás: \"/dev/full\".");
     const std::string missing = testTempPath() + "/no/such.xls";
-    EXPECT_EQ(at(missing), "The workbook '" + missing + "' cannot be created: its folder is missing or cannot be written.");
+    EXPECT_EQ(at(missing), "A munkafüzet nem hozható létre, mert a mappája hiányzik vagy nem írható: \"" + missing + "\".");
 }
 
 TEST(BiffWriter, calls_out_of_order_are_the_callers_fault) {

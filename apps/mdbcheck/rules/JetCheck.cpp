@@ -1,8 +1,7 @@
 #include "JetCheck.h"
 
 #include "JetCheckIndex.h"
-#include "JetDecoder.h"
-#include "JetInternal.h"
+#include "jet/JetDecoder.h"
 #include "store/StoreTable.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "JetCheckTable.h"
 
-#include "JetDecoder.h"
+#include "jet/JetDecoder.h"
 #include "store/StoreTable.h"
 
 #include <algorithm>
