@@ -142,8 +142,14 @@ void layOutRows(PageBytes& page, const std::vector<JetImageRow>& rows) {
     put16(page.data() + data::kFree, end - place);
 }
 
-bool hasRoom(const JetPage& page, std::size_t size) {
-    return get16(page.at(data::kRowCount)) < data::kMaxRows && get16(page.at(data::kFree)) >= size + 2;
+std::size_t roomIn(const JetFile& file, const JetPage& page) {
+    const std::size_t count = rowCountOf(file, page);
+    const std::size_t end = count == 0 ? kPageSize : static_cast<std::size_t>(slotOf(file, page, count - 1).bytes.data() - page.bytes.data());
+    return end - data::kRows - 2 * count;
+}
+
+bool hasRoom(const JetFile& file, const JetPage& page, std::size_t size) {
+    return rowCountOf(file, page) < data::kMaxRows && roomIn(file, page) >= size + 2;
 }
 
 } // namespace odbc::jet

@@ -43,7 +43,9 @@ struct JetImageRow {
 std::vector<JetImageRow> rowsOf(const JetFile& file, const JetPage& page);
 // Lays the rows out anew behind the page's header; they must fit.
 void layOutRows(PageBytes& page, const std::vector<JetImageRow>& rows);
+// The room between the list of rows and the rows, whatever the page's header says of it.
+std::size_t roomIn(const JetFile& file, const JetPage& page);
 // Whether a further row fits.
-bool hasRoom(const JetPage& page, std::size_t size);
+bool hasRoom(const JetFile& file, const JetPage& page, std::size_t size);
 
 } // namespace odbc::jet

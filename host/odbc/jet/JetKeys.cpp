@@ -48,7 +48,7 @@ bool appendText(const std::string& value, std::string& key) {
 
 bool knowsKeysOf(const JetDefinition& definition, const JetIndex::Part& part) {
     const JetColumn* column = columnOf(definition, part.column);
-    if (column == nullptr)
+    if (column == nullptr || part.column >= definition.maxColumns)
         return false;
     if (isNumber(*column))
         return true;

@@ -83,6 +83,8 @@ public:
         const std::vector<JetColumn> columns = orderedColumns(mDefinition);
         for (std::size_t i = 0; i < columns.size(); ++i) {
             mPlaces[columns[i].number] = static_cast<int>(i);
+            if (!isSound(columns[i]))
+                mFile.damaged("the column \"" + columns[i].name + "\" of the table on page " + std::to_string(mOrigin.page) + " has no sensible place in a row");
             if ((columns[i].flags & kAutonumber) != 0 && columns[i].is(ColumnType::Long) && rules.counter < 0)
                 rules.counter = static_cast<int>(i);
             else if ((columns[i].flags & (kAutonumber | kAutoGuid)) != 0)
@@ -95,6 +97,12 @@ public:
     }
 
 private:
+    bool isSound(const JetColumn& column) const {
+        constexpr std::size_t kLongestFixed = 17;
+        return column.number < mDefinition.maxColumns &&
+               (column.fixed() ? column.length <= kLongestFixed && column.fixedOffset + std::size_t{column.length} < data::kMaxRow
+                               : column.variableIndex < mDefinition.variableColumns);
+    }
     void addKey(const JetIndex& index, TableRules& rules) {
         const bool known = (index.flags & ~kKnownFlags) == 0 && !index.parts.empty() &&
                            std::all_of(index.parts.begin(), index.parts.end(), [&](const JetIndex::Part& part) { return knowsKeysOf(mDefinition, part); });

@@ -195,10 +195,10 @@ bool JetTablePatch::isOwn(const JetPage& page) const {
 }
 
 std::uint32_t JetTablePatch::pageFor(std::size_t size) {
-    if (mOpen != 0 && hasRoom(mImage.page(mOpen), size))
+    if (mOpen != 0 && hasRoom(mFile, mImage.page(mOpen), size))
         return mOpen;
     for (const std::uint32_t page : mRoom)
-        if (mUsed.contains(page) && isOwn(mImage.page(page)) && hasRoom(mImage.page(page), size))
+        if (mUsed.contains(page) && isOwn(mImage.page(page)) && hasRoom(mFile, mImage.page(page), size))
             return page;
     const std::uint32_t page = mImage.allocate();
     PageBytes& bytes = mImage.edit(page);
@@ -211,10 +211,11 @@ std::uint32_t JetTablePatch::pageFor(std::size_t size) {
 }
 
 std::uint32_t JetTablePatch::insert(const std::vector<std::uint8_t>& row) {
-    if (mOpen == 0 || !hasRoom(mImage.page(mOpen), row.size()))
+    if (mOpen == 0 || !hasRoom(mFile, mImage.page(mOpen), row.size()))
         mOpen = pageFor(row.size());
+    const JetPage page = mImage.page(mOpen);
+    const std::size_t count = rowCountOf(mFile, page), free = roomIn(mFile, page);
     PageBytes& bytes = mImage.edit(mOpen);
-    const std::size_t count = get16(bytes.data() + data::kRowCount), free = get16(bytes.data() + data::kFree);
     const std::size_t begin = data::kRows + 2 * count + free - row.size();
     std::copy(row.begin(), row.end(), bytes.begin() + static_cast<std::ptrdiff_t>(begin));
     put16(bytes.data() + data::kRows + 2 * count, begin);
@@ -296,9 +297,13 @@ void JetTablePatch::addKeys(const JetValues& values, std::uint32_t pointer, cons
 
 void JetTablePatch::saveIndex(std::size_t number) {
     const JetIndex& index = mTail.indexes[number];
-    for (const std::uint32_t page : pagesOf(mFile, index.map))
+    for (const std::uint32_t page : pagesOf(mFile, index.map)) {
+        const JetPage old = mImage.page(page);
+        if ((old.type() != PageType::IndexNode && old.type() != PageType::IndexLeaf) || get32(old.at(jet::index::kOwner)) != mDefinition.page())
+            mFile.damaged("the map of the index \"" + index.name + "\" lists a page that is not its own");
         if (page != index.root)
             mImage.release(page);
+    }
     JetIndexBuilder builder;
     for (const auto& [row, key] : mIndexes[number].entries)
         builder.add(key, row);
@@ -358,7 +363,7 @@ void JetTablePatch::finish(std::optional<std::int64_t> lastNumber) {
     saveLongMaps();
     if (mOpen != 0)
         mRoom.insert(mOpen);
-    std::erase_if(mRoom, [&](std::uint32_t page) { return !mUsed.contains(page) || !isOwn(mImage.page(page)) || !hasRoom(mImage.page(page), 1); });
+    std::erase_if(mRoom, [&](std::uint32_t page) { return !mUsed.contains(page) || !isOwn(mImage.page(page)) || !hasRoom(mFile, mImage.page(page), 1); });
     saveMap(mDefinition.usedMap, mUsed);
     saveMap(mDefinition.freeMap, mRoom);
     saveCounts();

@@ -94,6 +94,8 @@ std::vector<std::string> entriesOfIndex(const JetFile& file, const JetDefinition
     std::uint32_t number = index.root;
     for (int depth = 0;; ++depth) { // to the first leaf
         file.read(number, page);
+        if (get32(page.at(jet::index::kOwner)) != definition.page())
+            broken();
         if (page.type() == PageType::IndexLeaf)
             break;
         if (page.type() != PageType::IndexNode || depth == kMaxDepth)
@@ -106,7 +108,7 @@ std::vector<std::string> entriesOfIndex(const JetFile& file, const JetDefinition
     std::vector<std::string> all;
     std::set<std::uint32_t> seen;
     for (;;) { // leaf after leaf
-        if (page.type() != PageType::IndexLeaf || !seen.insert(number).second)
+        if (page.type() != PageType::IndexLeaf || get32(page.at(jet::index::kOwner)) != definition.page() || !seen.insert(number).second)
             broken();
         for (std::string& entry : entriesOfPage(page)) {
             if (entry.size() < 5)

@@ -301,6 +301,24 @@ TEST(ForeignFile, what_cannot_be_kept_in_order_is_refused_before_anything_is_wri
     database.Close();
 }
 
+TEST(ForeignFile, damage_that_would_reach_other_tables_stops_the_change) {
+    SKIP_WITHOUT_GENUINE_FILES();
+    const std::string path = copyOfGenuine("V2003_indexTestV2003.mdb");
+    FileBytes bytes(path);
+    const std::uint32_t other = bytes.rowPages("Table2").front();
+    const JetTail tail = readTail(JetFile(path), bytes.definition(bytes.tablePage("Table1")));
+    std::uint8_t* map = bytes.row(tail.indexes.front().map);
+    ASSERT_EQ(map[0], usage::kInline);
+    const std::uint32_t bit = other - get32(map + 1);
+    map[5 + bit / 8] = static_cast<std::uint8_t>(map[5 + bit / 8] | 1u << (bit % 8)); // a page of another table
+    bytes.save(path);
+    const std::string before = fileBytes(wide(path));
+    OpenDatabase database(wide(path));
+    database.ExecuteSQL(L"DELETE * FROM Table1 WHERE id=3");
+    EXPECT_NE(refusal([&] { database.Close(); }).find(L"lists a page that is not its own"), std::wstring::npos);
+    EXPECT_EQ(fileBytes(wide(path)), before);
+}
+
 TEST(ForeignFile, long_values_are_put_into_chains_and_taken_out_again) {
     // One of our own that somebody gave a description: no longer what would be written again.
     const std::string path = newFile();

@@ -52,7 +52,7 @@ TEST(JetLimits, a_row_longer_than_a_page) {
         table.rows[0].push_back(std::string(255, 'x'));
     }
     EXPECT_EQ(writeError(table),
-              "A row of the table \"T\" is longer than the 4,060 bytes that an Access table allows.");
+              "A tábla (T) egyik sora hosszabb, mint az Accessben megengedett 4060 bájt.");
 }
 TEST(JetLimits, names_that_stand_twice) {
     EXPECT_EQ(writeError({{"T", {number("nev"), text("NEV")}}, {}}),

@@ -122,14 +122,14 @@ TEST(JetReader, a_definition_without_end) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
                              put32(file.page(file.tablePage("TABLA")) + definition::kNext, file.tablePage("TABLA"));
                          }),
-                         "has no end."));
+                         "has no end)."));
 }
 TEST(JetReader, a_row_that_makes_no_sense) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
                              const std::uint32_t row = file.rowPages("TABLA").front() << 8;
                              put16(file.row(row) + file.rowSize(row) - 4, 2000);
                          }),
-                         "makes no sense."));
+                         "makes no sense)."));
 }
 TEST(JetReader, a_long_value_that_is_broken_off) {
     const Table table{{"T", {column("M", ColumnKind::Memo)}}, {{std::string(9000, 'm')}}};
