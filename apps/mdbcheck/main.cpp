@@ -1,6 +1,6 @@
 // mdbcheck FILE: prints every rule of the Access file format (Jet 4) that the file breaks. Exit
 // status 0: clean, 1: rules are broken, 2: wrong usage, 3: the file cannot be opened.
-#include "jet/JetCheck.h"
+#include "rules/JetCheck.h"
 #include "store/StoreTable.h"
 
 #include <cstdio>

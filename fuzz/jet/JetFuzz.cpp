@@ -2,6 +2,7 @@
 // become one: the input is taken for a list of changes to small databases of our own (Jet 4).
 #include "jet/JetInternal.h"
 #include "jet/JetWriter.h"
+#include "rules/JetCheck.h"
 
 #include <cstdlib>
 #include <fstream>

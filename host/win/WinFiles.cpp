@@ -1,5 +1,6 @@
 #include "WinFiles.h"
 
+#include "AcFileUse.h"
 #include "AcPath.h"
 #include "WinError.h"
 
@@ -76,6 +77,14 @@ std::wstring fullPath(std::wstring path) {
     if (isFolder && full.back() != L'\\')
         full += L'\\';
     return full;
+}
+
+// A file that somebody has open is neither replaced, moved nor deleted, as on Windows.
+bool refuseInUse(const std::string& path) {
+    const bool used = acFileInUse(path);
+    if (used)
+        SetLastError(ERROR_SHARING_VIOLATION);
+    return used;
 }
 
 class Descriptor { // a file descriptor closed at the end of its scope
@@ -156,6 +165,8 @@ BOOL CopyFileW(LPCWSTR from, LPCWSTR to, BOOL failIfExists) {
         SetLastError(ERROR_ACCESS_DENIED); // truncating the target would destroy the source
         return FALSE;
     }
+    if (!failIfExists && refuseInUse(target))
+        return FALSE;
     const int exclusive = failIfExists ? O_EXCL : 0;
     const Descriptor output(open(target.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | exclusive, status.st_mode & 0777));
     if (output < 0) {
@@ -174,11 +185,15 @@ BOOL MoveFileW(LPCWSTR from, LPCWSTR to) {
         SetLastError(ERROR_ALREADY_EXISTS);
         return FALSE;
     }
+    if (refuseInUse(source))
+        return FALSE;
     return succeed(source, rename(source.c_str(), target.c_str()));
 }
 
 BOOL DeleteFileW(LPCWSTR path) {
     const std::string file = winFileSystemPath(path);
+    if (refuseInUse(file))
+        return FALSE;
     return succeed(file, unlink(file.c_str()));
 }
 

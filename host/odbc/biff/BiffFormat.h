@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace odbc::biff {
 
@@ -16,6 +17,13 @@ constexpr std::size_t kMaxSheets = 4112;     // the list of sheet ids is one rec
 constexpr std::uint32_t kRowsOfBlock = 32;   // rows between two DBCELL records
 constexpr std::uint16_t kVersion8 = 0x0600;
 constexpr std::uint16_t kUnicodePage = 1200; // CODEPAGE of every BIFF8 file
+
+// Number formats that we define for columns, so that a workbook opened again knows the kind of one that is empty. They
+// show what the general format shows.
+constexpr std::uint16_t kNumberFormat = 164, kLogicalFormat = 165, kMemoFormat = 166;
+constexpr std::u16string_view kNumberFormatText = u"General", kLogicalFormatText = u"General;General;General",
+                              kMemoFormatText = u"General;General;General;@";
+constexpr std::uint16_t kTextFormat = 49; // built in
 
 enum class Substream : std::uint16_t { Globals = 0x0005, Worksheet = 0x0010 };
 

@@ -12,7 +12,7 @@ using U16 = std::uint16_t;
 using U32 = std::uint32_t;
 
 constexpr U16 kBoldFont = 5; // the fifth font: no font has the number 4
-constexpr U16 kDateTime = 22, kAsText = 49, kTwoDecimals = 4; // numbers of built-in formats
+constexpr U16 kDateTime = 22, kAsText = kTextFormat, kTwoDecimals = 4; // numbers of built-in formats
 
 void appendFirstRecords(std::string& out, std::size_t sheets) {
     appendRecord(out, Record::InterfaceHdr, {kUnicodePage});
@@ -51,7 +51,7 @@ void appendFont(std::string& out, U16 weight) {
     appendRecord(out, Record::Font, body);
 }
 
-// The eight currency formats, which a workbook defines for itself.
+// The eight currency formats, which a workbook defines for itself, and those of columns.
 void appendFormats(std::string& out) {
     const auto format = [&](U16 number, std::u16string_view text) {
         std::string body;
@@ -68,6 +68,9 @@ void appendFormats(std::string& out) {
     format(41, u"_-* #,##0\\ _F_t_-;\\-* #,##0\\ _F_t_-;_-* \"-\"\\ _F_t_-;_-@_-");
     format(44, u"_-* #,##0.00\\ \"Ft\"_-;\\-* #,##0.00\\ \"Ft\"_-;_-* \"-\"??\\ \"Ft\"_-;_-@_-");
     format(43, u"_-* #,##0.00\\ _F_t_-;\\-* #,##0.00\\ _F_t_-;_-* \"-\"??\\ _F_t_-;_-@_-");
+    format(kNumberFormat, kNumberFormatText);
+    format(kLogicalFormat, kLogicalFormatText);
+    format(kMemoFormat, kMemoFormatText);
 }
 
 // `own` are the bits of what the format sets for itself instead of taking it from its parent.
@@ -88,6 +91,9 @@ void appendCellFormats(std::string& out) {
     appendXf(out, 0, kAsText, kCell, kOwnNumber);        // Text
     appendXf(out, 0, kDateTime, kCell, kOwnNumber);      // Date
     appendXf(out, 0, kTwoDecimals, kCell, kOwnNumber);   // Money
+    appendXf(out, 0, kNumberFormat, kCell, kOwnNumber);  // NumberColumn
+    appendXf(out, 0, kLogicalFormat, kCell, kOwnNumber); // LogicalColumn
+    appendXf(out, 0, kMemoFormat, kCell, kOwnNumber);    // MemoColumn
     appendRecord(out, Record::Style, U16{0x8000}, U8{0}, U8{0xFF}); // format 0 is the style Normal
 }
 } // namespace

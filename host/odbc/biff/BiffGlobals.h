@@ -10,7 +10,7 @@
 namespace odbc::biff {
 
 // The cell formats, by their place in the list of XF records.
-enum class CellFormat : std::uint16_t { General = 15, Heading, Text, Date, Money };
+enum class CellFormat : std::uint16_t { General = 15, Heading, Text, Date, Money, NumberColumn, LogicalColumn, MemoColumn };
 
 // Everything before the first sheet. places[i] is where the stream's place of sheet i (32 bits) is
 // to be patched in, once it is known.

@@ -47,6 +47,27 @@ CellFormat formatOf(ColumnKind kind) {
     return CellFormat::General;
 }
 
+// The format of a whole column tells its kind, also where it has no cells.
+CellFormat columnFormatOf(ColumnKind kind) {
+    switch (kind) {
+    case ColumnKind::Byte:
+    case ColumnKind::Short:
+    case ColumnKind::Long:
+    case ColumnKind::Single:
+    case ColumnKind::Double:
+    case ColumnKind::Numeric: return CellFormat::NumberColumn;
+    case ColumnKind::Bool: return CellFormat::LogicalColumn;
+    case ColumnKind::Memo: return CellFormat::MemoColumn;
+    case ColumnKind::Date:
+    case ColumnKind::Currency:
+    case ColumnKind::Text:
+    case ColumnKind::Guid:
+    case ColumnKind::Binary:
+    case ColumnKind::Ole: break;
+    }
+    return formatOf(kind);
+}
+
 // The four-byte form of a number where it gives the same bits back: a whole number of 30 bits, the
 // upper 30 bits of a double, or either of them in hundredths.
 std::optional<U32> rkOf(double value) {
@@ -87,7 +108,7 @@ Sheet::Sheet(const StoreTable& table, Strings& strings) : mTable(table), mString
     beginRow();
     for (U16 i = 0; i < columns(); ++i) {
         if (table.columns[i].kind == ColumnKind::Binary || table.columns[i].kind == ColumnKind::Ole)
-            refuse(i, "holds bytes, which a workbook cannot hold.");
+            refuse(i, "bájtokat tartalmaz, amit munkafüzet nem tárolhat.");
         addText(i, CellFormat::Heading, table.columns[i].name);
         mWidths[i] = static_cast<U16>(std::min<U32>(255, (mWidths[i] * kBoldPercent + 99) / 100));
     }
@@ -95,14 +116,14 @@ Sheet::Sheet(const StoreTable& table, Strings& strings) : mTable(table), mString
 }
 
 void Sheet::refuse(U16 column, const char* why) const {
-    throw StoreError("The column '" + mTable.columns[column].name + "' of the table '" + mTable.name + "' " + why);
+    throw StoreError("A tábla (" + mTable.name + ") oszlopa (" + mTable.columns[column].name + ") " + why);
 }
 
 void Sheet::widen(U16 column, U32 digits) { mWidths[column] = static_cast<U16>(std::max<U32>(mWidths[column], digits)); }
 
 void Sheet::beginRow() {
     if (mRows == kMaxRows)
-        throw StoreError("The table '" + mTable.name + "' has more rows than a sheet of a workbook can hold (65,535).");
+        throw StoreError("A táblának (" + mTable.name + ") több sora van, mint amennyi egy munkalapon elfér (65535).");
     mRowStart = mBlock.size();
     mFirst = static_cast<U16>(columns());
     mLast = 0;
@@ -155,13 +176,13 @@ void Sheet::addCell(U16 column, const StoreCell& cell) {
         else
             addText(column, format, cell.bytes);
         break;
-    case StoreCell::Type::Bytes: refuse(column, "holds bytes, which a workbook cannot hold.");
+    case StoreCell::Type::Bytes: refuse(column, "bájtokat tartalmaz, amit munkafüzet nem tárolhat.");
     }
 }
 
 void Sheet::addNumber(U16 column, CellFormat format, double value) {
     if (!std::isfinite(value))
-        refuse(column, "holds a number that is not finite, which a workbook cannot hold.");
+        refuse(column, "nem véges számot tartalmaz, amit munkafüzet nem tárolhat.");
     if (std::fpclassify(value) != FP_NORMAL)
         value = 0; // the format has neither denormal numbers nor a negative zero
     if (mWidths[column] < kShownDigits || format != CellFormat::General)
@@ -198,9 +219,9 @@ void Sheet::addText(U16 column, CellFormat format, std::string_view utf8) {
     flushRks();
     const U32 text = mStrings.add(utf8);
     if (text == Strings::kNotUnicode)
-        refuse(column, "holds text that is no Unicode.");
+        refuse(column, "nem Unicode szöveget tartalmaz.");
     if (text == Strings::kTooLong)
-        refuse(column, "holds a text of more than 32,767 characters, which a workbook cannot hold.");
+        refuse(column, "32767 karakternél hosszabb szöveget tartalmaz, amit munkafüzet nem tárolhat.");
     mFirst = std::min(mFirst, column);
     mLast = static_cast<U16>(column + 1);
     widen(column, mStrings.width(text));
@@ -211,7 +232,7 @@ void Sheet::addDecimal(U16 column, CellFormat format, std::string_view text) {
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size())
-        refuse(column, "holds a number that cannot be read.");
+        refuse(column, "olvashatatlan számot tartalmaz.");
     addNumber(column, format, value);
 }
 
@@ -264,7 +285,7 @@ std::string Sheet::head(std::size_t place) const {
     appendRecord(out, Record::DefColWidth, {8});
     for (U16 i = 0; i < columns(); ++i) {
         const U32 width = std::min<U32>(255 * 256, mWidths[i] * 256u + 0xB6); // 256ths of a digit, and the cell's margins
-        appendRecord(out, Record::ColInfo, {i, i, static_cast<U16>(width), static_cast<U16>(CellFormat::General), 2, 0});
+        appendRecord(out, Record::ColInfo, {i, i, static_cast<U16>(width), static_cast<U16>(columnFormatOf(mTable.columns[i].kind)), 2, 0});
     }
     appendRecord(out, Record::Dimensions, U32{0}, mRows, U16{0}, static_cast<U16>(columns()), U16{0});
     patch(out, index + 4 + 8, mRows);

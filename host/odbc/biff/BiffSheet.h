@@ -1,6 +1,7 @@
 // One sheet while its rows arrive: its cell records as they will stand in the file.
 #pragma once
 
+#include "BiffFormat.h"
 #include "BiffGlobals.h"
 #include "store/StoreTable.h"
 
@@ -17,6 +18,7 @@ public:
     Sheet(const StoreTable& table, Strings& strings);
     void row(std::span<const StoreCell> cells);
     void end();
+    bool full() const { return mRows == kMaxRows; }
     std::size_t columns() const { return mTable.columns.size(); }
     // The sheet's substream before and behind the cells; `place` is where the sheet begins in the stream,
     // `front` whether it is the one shown first.

@@ -16,7 +16,7 @@ using U32 = std::uint32_t;
 
 constexpr double k1904 = 1462; // days from 1899-12-30 to 1904-01-01
 
-[[noreturn]] void damaged(const std::string& name, const char* what) { throw StoreError("The workbook '" + name + "' is damaged: " + what); }
+[[noreturn]] void damaged(const std::string& name, const char* what) { throw StoreError("A munkafüzet sérült: \"" + name + "\" (" + what + ")."); }
 
 bool isBuiltInDate(U16 format) {
     return (format >= 14 && format <= 22) || (format >= 27 && format <= 36) || (format >= 45 && format <= 47) || (format >= 50 && format <= 58);
@@ -63,14 +63,14 @@ U32 Workbook::keepText(std::u16string_view text) {
 void Workbook::readGlobals(std::string_view stream) {
     RecordCursor records(stream);
     if (!records.next() || records.id() != Record::Bof)
-        damaged(mName, "it does not begin as a workbook.");
+        damaged(mName, "it does not begin as a workbook");
     if (fieldAt<U16>(records.body(), 0) != kVersion8 || fieldAt<U16>(records.body(), 2) != static_cast<U16>(Substream::Globals))
-        throw StoreError("The workbook '" + mName + "' is of a version before Excel 97, which cannot be read.");
+        throw StoreError("A munkafüzet az Excel 97 előtti formátumú, nem olvasható: \"" + mName + "\".");
     while (records.next()) {
         const std::string_view body = records.body();
         switch (records.id()) {
         case Record::Eof: return;
-        case Record::FilePass: throw StoreError("The workbook '" + mName + "' is password-protected.");
+        case Record::FilePass: throw StoreError("A munkafüzetet jelszó védi: \"" + mName + "\".");
         case Record::Date1904: mFrom1904 = fieldAt<U16>(body, 0) == 1; break;
         case Record::Xf: mFormats.push_back(fieldAt<U16>(body, 2)); break;
         case Record::BoundSheet: readBoundSheet(body); break;
@@ -78,14 +78,16 @@ void Workbook::readGlobals(std::string_view stream) {
         case Record::Format: {
             FieldReader fields({body});
             const U16 number = fields.number<U16>();
-            if (showsDate(fields.richString()))
+            const std::u16string text = fields.richString();
+            if (showsDate(text))
                 mDateFormats.push_back(number);
+            mOwnFormats.emplace_back(number, text);
             break;
         }
         default: break; // what says nothing about the cells
         }
     }
-    damaged(mName, "it ends too early.");
+    damaged(mName, "it ends too early");
 }
 
 void Workbook::readBoundSheet(std::string_view body) {
@@ -99,7 +101,7 @@ void Workbook::readBoundSheet(std::string_view body) {
     const U8 options = fields.number<U8>();
     const std::u16string name = fields.characters(count, options);
     if (fields.failed() || name.empty())
-        damaged(mName, "a sheet has no name.");
+        damaged(mName, "a sheet has no name");
     Place place{begin, 0, {}};
     appendUtf8(name, place.name);
     mPlaces.push_back(std::move(place));
@@ -112,7 +114,7 @@ void Workbook::readStrings(RecordCursor& records, std::string_view body) {
     for (U32 i = 0; i < count && !fields.failed(); ++i) {
         const std::u16string text = fields.richString();
         if (fields.failed())
-            damaged(mName, "its table of texts ends too early.");
+            damaged(mName, "its table of texts ends too early");
         keepText(text);
     }
 }
@@ -124,12 +126,12 @@ void Workbook::limitPlaces() {
         begins.push_back(place.begin);
     std::sort(begins.begin(), begins.end());
     if (std::adjacent_find(begins.begin(), begins.end()) != begins.end())
-        damaged(mName, "two sheets lie at one place.");
+        damaged(mName, "two sheets lie at one place");
     for (Place& place : mPlaces) {
         const auto next = std::upper_bound(begins.begin(), begins.end(), place.begin);
         place.end = next == begins.end() ? static_cast<U32>(mStream.size()) : *next;
         if (place.begin >= mStream.size())
-            damaged(mName, "a sheet lies behind its end.");
+            damaged(mName, "a sheet lies behind its end");
         place.end = std::min(place.end, static_cast<U32>(mStream.size()));
     }
 }
@@ -139,6 +141,20 @@ bool Workbook::isDate(U16 format) const {
         return false;
     const U16 number = mFormats[format];
     return isBuiltInDate(number) || std::find(mDateFormats.begin(), mDateFormats.end(), number) != mDateFormats.end();
+}
+
+ReadSheet::ColumnFormat Workbook::columnFormat(U16 format) const {
+    using enum ReadSheet::ColumnFormat;
+    if (isDate(format))
+        return Date;
+    const U16 number = format < mFormats.size() ? mFormats[format] : U16{0};
+    if (const auto own = std::find_if(mOwnFormats.begin(), mOwnFormats.end(), [number](const auto& pair) { return pair.first == number; });
+        own != mOwnFormats.end() && number >= kNumberFormat)
+        return own->second == kNumberFormatText    ? Number
+               : own->second == kLogicalFormatText ? Bool
+               : own->second == kMemoFormatText    ? Memo
+                                                   : Unknown;
+    return number == kTextFormat ? Text : number >= 1 && number <= 11 ? Number : Unknown;
 }
 
 // The records of one sheet.
@@ -166,13 +182,13 @@ private:
 void SheetReader::read(std::string_view bytes) {
     RecordCursor records(bytes);
     if (!records.next() || records.id() != Record::Bof)
-        damaged(mBook.mName, "a sheet does not lie where it should.");
+        damaged(mBook.mName, "a sheet does not lie where it should");
     if (fieldAt<U16>(records.body(), 2) != static_cast<U16>(Substream::Worksheet))
         return; // a chart or a dialog that is listed as a sheet
     int depth = 1; // charts in the sheet are substreams of their own
     while (depth > 0) {
         if (!records.next())
-            damaged(mBook.mName, "a sheet ends too early.");
+            damaged(mBook.mName, "a sheet ends too early");
         if (records.id() == Record::Bof)
             ++depth;
         else if (records.id() == Record::Eof)
@@ -193,7 +209,7 @@ void SheetReader::record(RecordCursor& records) {
     case Record::LabelSst: {
         const U32 shared = fieldAt<U32>(body, 6);
         if (shared >= mBook.mShared)
-            damaged(mBook.mName, "a cell names a text that is not in its table.");
+            damaged(mBook.mName, "a cell names a text that is not in its table");
         text(row, column, shared);
         break;
     }
@@ -210,6 +226,10 @@ void SheetReader::record(RecordCursor& records) {
             mSheet.cells.push_back({row, column, ReadCell::Kind::Bool, 0, fieldAt<U8>(body, 6) != 0 ? 1.0 : 0.0});
         break;
     case Record::Blank: use(row, column); break;
+    case Record::ColInfo: // first and last column, width, format
+        for (U32 i = row; i <= column && i < kMaxColumns; ++i)
+            mSheet.formats[i] = mBook.columnFormat(fieldAt<U16>(body, 6));
+        break;
     case Record::MulBlank:
         use(row, column);
         use(row, body.size() < 2 ? column : fieldAt<U16>(body, body.size() - 2));
@@ -228,7 +248,7 @@ void SheetReader::record(RecordCursor& records) {
 
 void SheetReader::use(U16 row, U32 column) {
     if (column >= kMaxColumns)
-        damaged(mBook.mName, "a cell lies outside of its sheet.");
+        damaged(mBook.mName, "a cell lies outside of its sheet");
     mSheet.firstRow = std::min<U32>(mSheet.firstRow, row);
     mSheet.endRow = std::max<U32>(mSheet.endRow, row + 1u);
     mSheet.firstColumn = std::min(mSheet.firstColumn, column);
@@ -253,7 +273,7 @@ void SheetReader::text(U16 row, U32 column, U32 text) {
 void SheetReader::textOf(FieldReader& fields, U16 row, U16 column) {
     const std::u16string characters = fields.richString();
     if (fields.failed())
-        damaged(mBook.mName, "the text of a cell ends too early.");
+        damaged(mBook.mName, "the text of a cell ends too early");
     text(row, column, mBook.keepText(characters));
 }
 

@@ -5,6 +5,7 @@
 #include "BiffFormat.h"
 #include "BiffRecords.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -22,7 +23,10 @@ struct ReadCell {
 };
 
 struct ReadSheet {
+    // What a column's own format says of the cells below; Unknown where it says nothing.
+    enum class ColumnFormat : std::uint8_t { Unknown, Number, Date, Bool, Text, Memo };
     std::string name; // UTF-8
+    std::array<ColumnFormat, kMaxColumns> formats{};
     std::vector<ReadCell> cells; // by row and column, one a place
     // What is in use, formatted cells without a value included; the ends are excluded.
     std::uint32_t firstRow = kMaxRows, endRow = 0, firstColumn = kMaxColumns, endColumn = 0;
@@ -33,6 +37,7 @@ class Workbook {
 public:
     Workbook(std::string_view stream, std::string name);
     std::size_t sheetCount() const { return mPlaces.size(); }
+    const std::string& sheetName(std::size_t index) const { return mPlaces[index].name; }
     // The texts of its cells are valid up to the next call.
     ReadSheet sheet(std::size_t index);
     std::string_view text(std::uint32_t number) const { return std::string_view(mTexts).substr(mStarts[number], mStarts[number + 1] - mStarts[number]); }
@@ -49,6 +54,7 @@ private:
     void limitPlaces();
     std::uint32_t keepText(std::u16string_view text);
     bool isDate(std::uint16_t format) const;
+    ReadSheet::ColumnFormat columnFormat(std::uint16_t format) const;
 
     friend class SheetReader;
     std::string_view mStream;
@@ -59,6 +65,7 @@ private:
     std::size_t mShared = 0;            // how many of them are the shared ones
     std::vector<std::uint16_t> mFormats; // number format of each XF record
     std::vector<std::uint16_t> mDateFormats;
+    std::vector<std::pair<std::uint16_t, std::u16string>> mOwnFormats; // that the workbook defines
     bool mFrom1904 = false;
 };
 

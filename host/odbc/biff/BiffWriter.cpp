@@ -6,6 +6,7 @@
 #include "store/StoreText.h"
 
 #include <cstdio>
+#include <fcntl.h>
 #include <gsf/gsf.h>
 #include <set>
 
@@ -15,13 +16,18 @@ using namespace biff;
 
 struct BiffWriter::Impl {
     std::string path;
+    int descriptor = -1; // where it is not the path that tells the file
     Strings strings;
     std::vector<std::u16string> names;
     std::set<std::wstring> folded;
     std::vector<std::unique_ptr<Sheet>> sheets;
-    bool open = false; // between beginTable and endTable
+    std::vector<std::size_t> parts; // by sheet: which sheet of its table it is, from 1
+    StoreTable table;               // that was begun last
+    bool open = false;              // between beginTable and endTable
 
     std::u16string checkedName(const StoreTable& table);
+    void addSheet(std::u16string name, std::size_t part);
+    std::vector<std::string> nameParts();
     void writeFile() const;
 };
 
@@ -29,19 +35,19 @@ namespace {
 constexpr std::size_t kMaxStream = 0x7FFFFE00; // a file of two gigabytes, less its tables
 
 [[noreturn]] void refuse(const StoreTable& table, const char* why) {
-    throw StoreError("The table '" + table.name + "' cannot be a sheet of a workbook: " + why);
+    throw StoreError("A tábla (" + table.name + ") nem lehet munkalap: " + why);
 }
 
 const char* faultOf(std::u16string_view name) {
     if (name.empty())
-        return "it has no name.";
+        return "nincs neve.";
     if (name.size() > kMaxSheetName)
-        return "its name is longer than 31 characters.";
+        return "a neve hosszabb, mint 31 karakter.";
     if (name.front() == u'\'' || name.back() == u'\'')
-        return "its name begins or ends with an apostrophe.";
+        return "a neve aposztróffal kezdődik vagy végződik.";
     for (const char16_t c : name)
         if (c < 0x20 || std::u16string_view(u"\\/?*[]:").find(c) != std::u16string_view::npos)
-            return "its name has one of the characters \\ / ? * [ ] :";
+            return "a nevében ezek egyike áll: \\ / ? * [ ] :";
     return nullptr;
 }
 
@@ -60,38 +66,78 @@ bool closeAll(GsfOutput* output) {
 std::u16string BiffWriter::Impl::checkedName(const StoreTable& table) {
     std::u16string name;
     if (!appendUtf16(table.name, name))
-        throw StoreError("The name of a table is no Unicode text.");
+        throw StoreError("Egy tábla neve nem Unicode szöveg.");
     if (const char* fault = faultOf(name))
         refuse(table, fault);
     std::wstring small = acFromUtf8(table.name);
     for (wchar_t& c : small)
         c = acFoldCase(c);
     if (small == L"history")
-        refuse(table, "spreadsheets keep the name History to themselves.");
+        refuse(table, "a History név foglalt a táblázatkezelőkben.");
     if (!folded.insert(small).second)
-        refuse(table, "another sheet has its name.");
+        refuse(table, "már van ilyen nevű munkalap.");
     return name;
 }
 
+void BiffWriter::Impl::addSheet(std::u16string name, std::size_t part) {
+    if (sheets.size() == kMaxSheets)
+        refuse(table, "egy munkafüzetben legfeljebb 4112 munkalap lehet.");
+    sheets.push_back(std::make_unique<Sheet>(table, strings));
+    names.push_back(std::move(name));
+    parts.push_back(part);
+}
+
+// Names the further sheets of long tables, when the names of all tables are known.
+std::vector<std::string> BiffWriter::Impl::nameParts() {
+    std::vector<std::string> notes;
+    std::size_t number = 1;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (parts[i] == 1) {
+            number = 1;
+            continue;
+        }
+        const std::u16string whole = names[i];
+        std::string shown;
+        std::wstring small;
+        do {
+            std::u16string ending;
+            appendUtf16(" " + std::to_string(++number), ending);
+            std::u16string base = whole.substr(0, kMaxSheetName - ending.size());
+            if ((base.back() & 0xFC00) == 0xD800) // half of a character
+                base.pop_back();
+            names[i] = base + ending;
+            shown.clear();
+            appendUtf8(names[i], shown);
+            small = acFromUtf8(foldedName(shown));
+        } while (!folded.insert(small).second);
+        std::string table;
+        appendUtf8(whole, table);
+        notes.push_back("A \"" + table + "\" tábla nem fér el egy munkalapon (65536 sor), a \"" + shown + "\" lapon folytatódik.");
+    }
+    return notes;
+}
+
 BiffWriter::BiffWriter(const std::string& path) : mImpl(std::make_unique<Impl>()) { mImpl->path = path; }
+BiffWriter::BiffWriter(int descriptor, const std::string& name) : BiffWriter(name) { mImpl->descriptor = descriptor; }
 BiffWriter::~BiffWriter() = default;
 
 void BiffWriter::beginTable(const StoreTable& table) {
     if (mImpl->open)
         throw std::logic_error("a table of the workbook was begun inside another");
     if (table.columns.empty() || table.columns.size() > kMaxColumns)
-        refuse(table, "a sheet has 1 to 256 columns.");
-    if (mImpl->sheets.size() == kMaxSheets)
-        refuse(table, "a workbook has at most 4,112 sheets.");
-    std::u16string name = mImpl->checkedName(table);
-    mImpl->sheets.push_back(std::make_unique<Sheet>(table, mImpl->strings));
-    mImpl->names.push_back(std::move(name));
+        refuse(table, "egy munkalapnak 1–256 oszlopa lehet.");
+    mImpl->table = table;
+    mImpl->addSheet(mImpl->checkedName(table), 1);
     mImpl->open = true;
 }
 
 void BiffWriter::row(std::span<const StoreCell> cells) {
     if (!mImpl->open || cells.size() != mImpl->sheets.back()->columns())
         throw std::logic_error("a row of the workbook does not fit its table");
+    if (mImpl->sheets.back()->full()) {
+        mImpl->sheets.back()->end();
+        mImpl->addSheet(mImpl->names.back(), mImpl->parts.back() + 1);
+    }
     mImpl->sheets.back()->row(cells);
 }
 
@@ -109,6 +155,7 @@ void BiffWriter::finish() {
         mImpl->names.emplace_back(u"Sheet1");
         mImpl->sheets.push_back(std::make_unique<Sheet>(StoreTable{}, mImpl->strings));
     }
+    mNotes = mImpl->nameParts();
     mImpl->writeFile();
     *mImpl = Impl{};
 }
@@ -122,11 +169,11 @@ void BiffWriter::Impl::writeFile() const {
         patch(start, places[i], static_cast<std::uint32_t>(place));
         place += sheets[i]->head(0).size() + sheets[i]->cells().size() + sheets[i]->tail(i == 0).size();
         if (place > kMaxStream)
-            throw StoreError("The workbook '" + path + "' would grow past two gigabytes.");
+            throw StoreError("A munkafüzet 2 GB-nál nagyobb lenne: \"" + path + "\".");
     }
-    std::FILE* file = std::fopen(path.c_str(), "wbe");
+    std::FILE* file = descriptor < 0 ? std::fopen(path.c_str(), "wbe") : ::fdopen(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0), "wb");
     if (!file)
-        throw StoreError("The workbook '" + path + "' cannot be created: its folder is missing or cannot be written.");
+        throw StoreError("A munkafüzet nem hozható létre, mert a mappája hiányzik vagy nem írható: \"" + path + "\".");
     gsf_init();
     GsfOutput* sink = gsf_output_stdio_new_FILE(path.c_str(), file, TRUE);
     GsfOutfile* compound = gsf_outfile_msole_new(sink);
@@ -146,7 +193,7 @@ void BiffWriter::Impl::writeFile() const {
     written = closeAll(sink) && written;
     written = std::ferror(file) == 0 && std::fflush(file) == 0 && written;
     if (std::fclose(file) != 0 || !written)
-        throw StoreError("The workbook '" + path + "' cannot be written: the disk is full or fails.");
+        throw StoreError("A munkafüzet nem írható, mert a lemez megtelt vagy hibás: \"" + path + "\".");
 }
 
 } // namespace odbc

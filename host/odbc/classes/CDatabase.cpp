@@ -31,14 +31,14 @@ BOOL CDatabase::Open(LPCTSTR lpszDSN, BOOL bExclusive, BOOL bReadOnly, LPCTSTR l
 
 BOOL CDatabase::OpenEx(LPCTSTR lpszConnectString, DWORD dwOptions) {
     if (IsOpen())
-        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "The connection is open already.");
+        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "A kapcsolat már nyitva van.");
     try {
         mSession = odbc::openSession(odbc::ConnectString(lpszConnectString == nullptr ? L"" : lpszConnectString), (dwOptions & openReadOnly) != 0);
     } catch (const std::exception&) {
         odbc::throwCaught(SQL_ERROR);
     }
     if (mSession == nullptr && (dwOptions & noOdbcDialog) != 0)
-        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "The connection string names neither a driver nor a data source.");
+        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "A kapcsolati szöveg sem meghajtót, sem adatforrást nem nevez meg.");
     return mSession != nullptr ? TRUE : FALSE;
 }
 
@@ -57,7 +57,7 @@ void CDatabase::Close() {
 
 odbc::Session& CDatabase::session() const {
     if (mSession == nullptr)
-        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "The database is not open.");
+        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "Az adatbázis nincs nyitva.");
     return *mSession;
 }
 

@@ -126,11 +126,11 @@ CRecordset::~CRecordset() {
 
 BOOL CRecordset::Open(UINT nOpenType, LPCTSTR lpszSQL, DWORD) {
     if (nOpenType != AFX_DB_USE_DEFAULT_TYPE && nOpenType != snapshot && nOpenType != forwardOnly)
-        odbc::throwDb(AFX_SQL_ERROR_DYNASET_NOT_SUPPORTED, "Only rows that stay as they are can be read: a snapshot or a forward-only set.");
+        odbc::throwDb(AFX_SQL_ERROR_DYNASET_NOT_SUPPORTED, "Csak változatlan sorok olvashatók: pillanatkép vagy csak előre haladó készlet.");
     if (IsOpen())
-        odbc::throwDb(AFX_SQL_ERROR, "The recordset is open already.");
+        odbc::throwDb(AFX_SQL_ERROR, "A rekordkészlet már nyitva van.");
     if (m_pDatabase == nullptr)
-        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "The recordset has no database.");
+        odbc::throwDb(AFX_SQL_ERROR_CONNECT_FAIL, "A rekordkészletnek nincs adatbázisa.");
     odbc::Session& session = m_pDatabase->session();
     try {
         mRows = std::make_unique<odbc::ResultSet>(session.query(lpszSQL == nullptr ? std::wstring_view() : lpszSQL));
@@ -164,18 +164,18 @@ BOOL CRecordset::IsEOF() const {
 
 void CRecordset::requireRows() const {
     if (rowCount(mRows.get()) == 0)
-        odbc::throwDb(AFX_SQL_ERROR_NO_DATA_FOUND, "The recordset has no rows.");
+        odbc::throwDb(AFX_SQL_ERROR_NO_DATA_FOUND, "A rekordkészletnek nincs sora.");
 }
 
 void CRecordset::MoveNext() {
     if (IsEOF() != FALSE)
-        odbc::throwDb(AFX_SQL_ERROR_NO_DATA_FOUND, "The recordset is at its end.");
+        odbc::throwDb(AFX_SQL_ERROR_NO_DATA_FOUND, "A rekordkészlet a végén áll.");
     ++mRow;
 }
 
 void CRecordset::MovePrev() {
     if (IsBOF() != FALSE)
-        odbc::throwDb(AFX_SQL_ERROR_NO_DATA_FOUND, "The recordset is at its beginning.");
+        odbc::throwDb(AFX_SQL_ERROR_NO_DATA_FOUND, "A rekordkészlet az elején áll.");
     --mRow;
 }
 
@@ -200,7 +200,7 @@ short CRecordset::fieldIndex(LPCTSTR name) const {
         if (own == wanted || acutWcsicmp(acFromUtf8(own).c_str(), name == nullptr ? L"" : name) == 0)
             return i;
     }
-    odbc::throwDb(AFX_SQL_ERROR_FIELD_NOT_FOUND, ("The rows have no field " + wanted + ".").c_str());
+    odbc::throwDb(AFX_SQL_ERROR_FIELD_NOT_FOUND, ("A soroknak nincs ilyen mezője: " + wanted + ".").c_str());
 }
 
 void CRecordset::GetODBCFieldInfo(LPCTSTR lpszName, CODBCFieldInfo& fieldinfo) const {
@@ -209,16 +209,16 @@ void CRecordset::GetODBCFieldInfo(LPCTSTR lpszName, CODBCFieldInfo& fieldinfo) c
 
 void CRecordset::GetODBCFieldInfo(short nIndex, CODBCFieldInfo& fieldinfo) const {
     if (nIndex < 0 || nIndex >= GetODBCFieldCount())
-        odbc::throwDb(AFX_SQL_ERROR_FIELD_NOT_FOUND, "The rows have no field of that number.");
+        odbc::throwDb(AFX_SQL_ERROR_FIELD_NOT_FOUND, "A soroknak nincs ilyen sorszámú mezője.");
     const odbc::ResultColumn& column = mRows->columns[static_cast<std::size_t>(nIndex)];
     fieldinfo = {acFromUtf8(column.name), column.sqlType, column.precision, column.scale, column.nullable};
 }
 
 StoreCell CRecordset::current(short index) const {
     if (mRows == nullptr || mRow < 0 || mRow >= rowCount(mRows.get()))
-        odbc::throwDb(AFX_SQL_ERROR_NO_CURRENT_RECORD, "There is no current record.");
+        odbc::throwDb(AFX_SQL_ERROR_NO_CURRENT_RECORD, "Nincs aktuális rekord.");
     if (index < 0 || index >= GetODBCFieldCount())
-        odbc::throwDb(AFX_SQL_ERROR_FIELD_NOT_FOUND, "The rows have no field of that number.");
+        odbc::throwDb(AFX_SQL_ERROR_FIELD_NOT_FOUND, "A soroknak nincs ilyen sorszámú mezője.");
     return mRows->cell(static_cast<std::size_t>(mRow), static_cast<std::size_t>(index));
 }
 
@@ -228,7 +228,7 @@ void CRecordset::GetFieldValue(LPCTSTR lpszName, CDBVariant& varValue, SWORD nFi
 
 void CRecordset::GetFieldValue(short nIndex, CDBVariant& varValue, SWORD nFieldType) const {
     if (nFieldType != DEFAULT_FIELD_TYPE)
-        odbc::throwDb(AFX_SQL_ERROR, "A field is given in its own type only.");
+        odbc::throwDb(AFX_SQL_ERROR, "Egy mező csak a saját típusában kérhető.");
     const StoreCell cell = current(nIndex);
     setValue(varValue, cell, mRows->columns[static_cast<std::size_t>(nIndex)].sqlType);
 }

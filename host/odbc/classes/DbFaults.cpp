@@ -19,7 +19,7 @@ void throwCaught(RETCODE code) {
     } catch (const StoreError& error) {
         throw new CDBException(code, acFromUtf8(error.what()));
     } catch (const std::bad_alloc&) {
-        throw new CDBException(code, L"There is not enough memory for the database.");
+        throw new CDBException(code, L"Nincs elég memória az adatbázishoz.");
     } catch (const std::exception& error) {
         throw new CDBException(code, acFromUtf8(error.what()));
     }

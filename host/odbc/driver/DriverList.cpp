@@ -16,7 +16,7 @@ bool same(std::wstring_view a, const wchar_t* b) {
 std::unique_ptr<Session> openFile(FileForm form, const ConnectString& connect, bool readOnly) {
     const std::wstring path = connect.value(L"DBQ");
     if (path.empty())
-        throw StoreError("The connection string names no file (DBQ).");
+        throw StoreError("A kapcsolati szöveg nem nevez meg fájlt (DBQ).");
     return std::make_unique<FileSession>(form, path, readOnly || connect.isTrue(L"READONLY"));
 }
 } // namespace

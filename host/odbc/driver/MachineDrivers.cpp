@@ -22,7 +22,7 @@ SQLCHAR* odbcText(const std::string& text) {
     SQLINTEGER native = 0;
     SQLSMALLINT length = 0;
     if (!SQL_SUCCEEDED(SQLGetDiagRec(handleType, handle, 1, state, &native, message, sizeof message, &length)))
-        throw MachineError("The driver fails and gives no reason.", {});
+        throw MachineError("A meghajtó hibát jelez, de okát nem mondja.", {});
     // "[maker][part]text": what stands in brackets is the origin.
     std::string text = reinterpret_cast<const char*>(message), origin;
     while (!text.empty() && text.front() == '[' && text.find(']') != std::string::npos) {
@@ -30,7 +30,7 @@ SQLCHAR* odbcText(const std::string& text) {
         origin += text.substr(0, end);
         text.erase(0, end);
     }
-    throw MachineError(text.empty() ? "The driver fails and gives no reason." : text,
+    throw MachineError(text.empty() ? "A meghajtó hibát jelez, de okát nem mondja." : text,
                        std::string("State:") + reinterpret_cast<const char*>(state) + ",Native:" + std::to_string(native) + ",Origin:" + origin);
 }
 
@@ -38,7 +38,7 @@ template <SQLSMALLINT kType> class Handle {
 public:
     explicit Handle(SQLHANDLE parent) {
         if (!SQL_SUCCEEDED(SQLAllocHandle(kType, parent, &mHandle)))
-            throw MachineError("The driver manager of the machine fails.", {});
+            throw MachineError("A gép meghajtókezelője hibát jelez.", {});
     }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
@@ -68,7 +68,7 @@ private:
 std::string utf8Of(std::wstring_view sql) {
     std::string text;
     if (!appendUtf8(sql, text))
-        throw StoreError("The statement holds a character that is no Unicode.");
+        throw StoreError("Az utasításban nem Unicode karakter áll.");
     return text;
 }
 
@@ -194,7 +194,7 @@ public:
         SQLSMALLINT count = 0;
         statement.check(SQLNumResultCols(statement.get(), &count));
         if (count == 0)
-            throw StoreError("The statement gives no rows: it is no SELECT.");
+            throw StoreError("Az utasítás nem ad sorokat: nem SELECT.");
         ResultSet result;
         std::vector<Form> forms;
         for (SQLSMALLINT i = 1; i <= count; ++i) {

@@ -125,14 +125,13 @@ std::string JetCatalogue::keyOf(const std::string& name) const {
     std::u16string wide;
     std::string key;
     if (!appendUtf16(name, wide) || !appendTextKey(wide, key))
-        throw StoreError("The table name \"" + name +
-                         "\" holds a character that the index of an Access file cannot sort.");
+        throw StoreError("Ez a név nem adható táblának, mert olyan karakter van benne, amelynek nincs helye az Access rendezésében: " + name + ".");
     return key;
 }
 
 void JetCatalogue::checkName(const std::string& name) const {
     if (std::binary_search(m_names.begin(), m_names.end(), keyOf(name)))
-        throw StoreError("There are two tables with the name \"" + name + "\".");
+        throw StoreError("Két tábla neve azonos: " + name + ".");
 }
 
 void JetCatalogue::addTable(const std::string& name, std::uint32_t definitionPage) {

@@ -1,6 +1,7 @@
 #include "JetCollation.h"
 
 #include "JetFormat.h"
+#include "store/StoreText.h"
 
 #include <algorithm>
 #include <array>
@@ -70,6 +71,11 @@ SortWeight sortWeightOf(char16_t c) {
     if (c == u'-')
         return {0, 0, 2, 0x82};
     return accentedWeight(c);
+}
+
+bool isSortable(std::string_view utf8) {
+    std::u16string wide;
+    return appendUtf16(utf8, wide) && std::all_of(wide.begin(), wide.end(), [](char16_t c) { return sortWeightOf(c).known(); });
 }
 
 bool appendSortKey(std::u16string_view text, std::string& key) {

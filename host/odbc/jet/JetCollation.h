@@ -21,6 +21,8 @@ struct SortWeight {
 };
 SortWeight sortWeightOf(char16_t c);
 
+// Whether every character of the text (UTF-8) has its weight.
+bool isSortable(std::string_view utf8);
 // Appends the key of the text, without the flag byte before it. False, with `key` as it was, where
 // the text holds a character whose weight is not known.
 bool appendSortKey(std::u16string_view text, std::string& key);

@@ -59,8 +59,7 @@ void* JetDecoder::converter(std::uint16_t codePage) {
         return found->second;
     const iconv_t made = iconv_open("UTF-8", ("CP" + std::to_string(codePage)).c_str());
     if (made == reinterpret_cast<iconv_t>(-1))
-        throw StoreError("The file \"" + m_file->name() + "\" has text in the code page " + std::to_string(codePage) +
-                         ", which is not known here.");
+        throw StoreError("A fájlban (\"" + m_file->name() + "\") ismeretlen kódlapú szöveg áll: " + std::to_string(codePage) + ".");
     return m_converters.emplace(codePage, made).first->second;
 }
 

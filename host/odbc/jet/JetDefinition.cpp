@@ -43,7 +43,7 @@ JetColumn readColumn(const std::uint8_t* at, bool jet3) {
         column.variableIndex = get16(at + 3);
         column.ordinal = get16(at + 5);
         column.detail = get16(at + 9);
-        column.codePage = column.detail;
+        column.codePage = get16(at + 11); // in files of Access 97: e4 04 behind the sort order 09 04
         column.flags = at[13];
         column.fixedOffset = get16(at + 14);
         column.length = get16(at + 16);
@@ -53,6 +53,7 @@ JetColumn readColumn(const std::uint8_t* at, bool jet3) {
     column.variableIndex = get16(at + 7);
     column.ordinal = get16(at + 9);
     column.detail = get16(at + 11);
+    column.sortVersion = at[14];
     column.flags = at[15];
     column.extraFlags = at[16];
     column.fixedOffset = get16(at + 21);

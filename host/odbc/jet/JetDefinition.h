@@ -15,6 +15,7 @@ struct JetColumn {
     std::uint16_t ordinal = 0;
     std::uint16_t detail = 0;   // the sort order; precision and scale of Numeric, a byte each
     std::uint16_t codePage = 0; // Jet 3 text
+    std::uint8_t sortVersion = 0; // Jet 4 text: 0 is the sort order that Access had up to 2007
     std::uint8_t flags = 0, extraFlags = 0;
     std::uint16_t fixedOffset = 0;
     std::uint16_t length = 0;

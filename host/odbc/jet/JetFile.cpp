@@ -18,30 +18,39 @@ bool hasText(const std::uint8_t* at, const char* text) {
 }
 } // namespace
 
-JetFile::JetFile(const std::string& path) : m_name(path) {
+JetFile::JetFile(const std::string& path) : m_name(path), m_ownsFile(true) {
     m_file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a pipe must not hold us up
-    struct stat status {};
-    if (m_file < 0 || ::fstat(m_file, &status) != 0) {
+    if (m_file < 0) {
         const int error = errno;
-        if (m_file >= 0)
-            ::close(m_file);
         if (error == ENOENT || error == ENOTDIR)
-            throw StoreError("There is no file \"" + path + "\".");
+            throw StoreError("A fájl nem létezik: \"" + path + "\".");
         if (error == EACCES || error == EPERM)
-            throw StoreError("There is no right to read the file \"" + path + "\".");
-        throw StoreError("The file \"" + path + "\" could not be opened: " + std::strerror(error) + ".");
+            throw StoreError("Nincs jog a fájl olvasásához: \"" + path + "\".");
+        throw StoreError("A fájl nem nyitható meg: \"" + path + "\": " + std::strerror(error) + ".");
     }
     try {
-        if (S_ISDIR(status.st_mode))
-            throw StoreError("\"" + path + "\" is a folder, not a database file.");
-        if (!S_ISREG(status.st_mode))
-            throw StoreError("\"" + path + "\" is no ordinary file.");
-        m_size = static_cast<std::uint64_t>(status.st_size);
+        readStatus();
         readHeader();
     } catch (...) {
         ::close(m_file);
         throw;
     }
+}
+
+JetFile::JetFile(int descriptor, std::string name) : m_name(std::move(name)), m_file(descriptor) {
+    readStatus();
+    readHeader();
+}
+
+void JetFile::readStatus() {
+    struct stat status {};
+    if (::fstat(m_file, &status) != 0)
+        throw StoreError("A fájl nem nyitható meg: \"" + m_name + "\": " + std::strerror(errno) + ".");
+    if (S_ISDIR(status.st_mode))
+        throw StoreError("Ez mappa, nem adatbázis: \"" + m_name + "\".");
+    if (!S_ISREG(status.st_mode))
+        throw StoreError("Ez nem fájl: \"" + m_name + "\".");
+    m_size = static_cast<std::uint64_t>(status.st_size);
 }
 
 JetFile::JetFile(std::string name, std::span<const std::uint8_t> bytes)
@@ -50,23 +59,22 @@ JetFile::JetFile(std::string name, std::span<const std::uint8_t> bytes)
 }
 
 JetFile::~JetFile() {
-    if (m_file >= 0)
+    if (m_ownsFile)
         ::close(m_file);
 }
 
 void JetFile::damaged(const std::string& why) const {
-    throw StoreError("The file \"" + m_name + "\" is damaged: " + why + ".");
+    throw StoreError("A fájl sérült: \"" + m_name + "\" (" + why + ").");
 }
 
 void JetFile::readHeader() {
-    const std::string what = "The file \"" + m_name + "\" is no Access database.";
+    const std::string what = "Ez nem Access adatbázis: \"" + m_name + "\".";
     constexpr std::size_t least = kPageSize / 2;
     if (m_size < least)
         throw StoreError(what);
     readBytes(0, m_header.bytes.data(), static_cast<std::size_t>(std::min<std::uint64_t>(kPageSize, m_size)));
     if (hasText(m_header.at(4), "Standard ACE DB"))
-        throw StoreError("The file \"" + m_name +
-                         "\" is a database of Access 2007 or later (.accdb); save it as .mdb in Access.");
+        throw StoreError("Ez az adatbázis Access 2007 vagy újabb formátumú (.accdb), mentse el Accessben .mdb formátumban: \"" + m_name + "\".");
     if (m_header.bytes[0] != 0 || !hasText(m_header.at(4), "Standard Jet DB") || m_header.bytes[header::kVersion] > 1)
         throw StoreError(what);
     m_jet3 = m_header.bytes[header::kVersion] == 0;
@@ -76,7 +84,7 @@ void JetFile::readHeader() {
 
 void JetFile::checkHeader() {
     if (get32(m_header.at(header::kKey)) != 0)
-        throw StoreError("The file \"" + m_name + "\" is encrypted; decode it in Access first.");
+        throw StoreError("Az adatbázis titkosított, előbb oldja fel Accessben: \"" + m_name + "\".");
     // Jet 4 masks the password with the whole days of the creation stamp.
     std::uint32_t mask = 0;
     if (!m_jet3) {
@@ -88,9 +96,9 @@ void JetFile::checkHeader() {
     put32(maskBytes.data(), mask);
     for (std::size_t i = 0; i < (m_jet3 ? header::kPasswordSizeJet3 : header::kPasswordSize); ++i)
         if (m_header.bytes[header::kPassword + i] != maskBytes[i % 4])
-            throw StoreError("The file \"" + m_name + "\" is protected by a password; take it off in Access first.");
+            throw StoreError("Az adatbázist jelszó védi, előbb vegye le Accessben: \"" + m_name + "\".");
     if (m_size % pageSize() != 0)
-        throw StoreError("The file \"" + m_name + "\" is cut off: its last page is not whole.");
+        throw StoreError("A fájl csonka, az utolsó lapja nem egész: \"" + m_name + "\".");
     m_codePage = get16(m_header.at(header::kCodePage));
 }
 
@@ -104,7 +112,7 @@ void JetFile::readBytes(std::uint64_t offset, std::uint8_t* out, std::size_t siz
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
-            throw StoreError("The file \"" + m_name + "\" could not be read" +
+            throw StoreError("A fájl nem olvasható: \"" + m_name + "\"" +
                              (got < 0 ? std::string(": ") + std::strerror(errno) : "") + ".");
         out += got;
         size -= static_cast<std::size_t>(got);

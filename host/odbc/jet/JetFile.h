@@ -24,6 +24,8 @@ public:
     // Throws StoreError: no such file, a folder, no rights, no Access file, encrypted, with a
     // password, cut off in the middle of a page.
     explicit JetFile(const std::string& path);
+    // The same of a file that somebody else opened and closes.
+    JetFile(int descriptor, std::string name);
     // The same of bytes that outlive this object.
     JetFile(std::string name, std::span<const std::uint8_t> bytes);
     ~JetFile();
@@ -44,11 +46,13 @@ public:
 
 private:
     void readBytes(std::uint64_t offset, std::uint8_t* out, std::size_t size) const;
+    void readStatus();
     void readHeader();
     void checkHeader();
 
     std::string m_name;
     int m_file = -1;
+    bool m_ownsFile = false;
     std::span<const std::uint8_t> m_bytes; // when there is no file
     std::uint64_t m_size = 0;
     bool m_jet3 = false;

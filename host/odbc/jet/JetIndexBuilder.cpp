@@ -96,7 +96,7 @@ void JetIndexBuilder::add(std::string key, std::uint32_t rowPointer) {
     m_entries.push_back(std::move(key));
 }
 
-JetPageSet JetIndexBuilder::write(std::uint32_t root, std::uint32_t owner, JetPageStore& store) {
+JetPageSet JetIndexBuilder::write(std::uint32_t root, std::uint32_t owner, JetPages& store) {
     const auto unsignedLess = [](const std::string& a, const std::string& b) {
         return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
             return static_cast<unsigned char>(x) < static_cast<unsigned char>(y);

@@ -17,7 +17,7 @@ public:
     void add(std::string key, std::uint32_t rowPointer);
     std::uint32_t distinctKeys() const { return m_distinct; } // known after write()
     // Sorts the entries and writes the tree, whose top is `root`; all its pages, the root first.
-    JetPageSet write(std::uint32_t root, std::uint32_t owner, JetPageStore& store);
+    JetPageSet write(std::uint32_t root, std::uint32_t owner, JetPages& store);
 
 private:
     std::vector<std::string> m_entries;

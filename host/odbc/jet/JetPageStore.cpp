@@ -13,23 +13,26 @@ JetPageStore::JetPageStore(const std::string& path, std::uint32_t limit)
     : m_path(path), m_limit(limit), m_window(kWindow * kPageSize) {
     m_file = ::open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (m_file < 0)
-        throw StoreError("The file \"" + path + "\" could not be created: " + std::strerror(errno) + ".");
+        throw StoreError("A fájl nem hozható létre: \"" + path + "\": " + std::strerror(errno) + ".");
 }
 
+JetPageStore::JetPageStore(int descriptor, std::string name, std::uint32_t limit)
+    : m_path(std::move(name)), m_limit(limit), m_file(descriptor), m_ownsFile(false), m_window(kWindow * kPageSize) {}
+
 JetPageStore::~JetPageStore() {
-    if (m_file >= 0)
+    if (m_ownsFile && m_file >= 0)
         ::close(m_file);
 }
 
 void JetPageStore::fail(int error) const {
     if (error == ENOSPC || error == EDQUOT)
-        throw StoreError("The file \"" + m_path + "\" could not be written: the disk is full.");
-    throw StoreError("The file \"" + m_path + "\" could not be written: " + std::strerror(error) + ".");
+        throw StoreError("A fájl nem írható, mert a lemez megtelt: \"" + m_path + "\".");
+    throw StoreError("A fájl nem írható: \"" + m_path + "\": " + std::strerror(error) + ".");
 }
 
 std::uint32_t JetPageStore::allocate() {
     if (m_count >= m_limit)
-        throw StoreError("The database would grow past 2 GB, the most that an Access file can hold.");
+        throw StoreError("Az adatbázis 2 GB-nál nagyobb lenne, ennyit egy Access fájl nem tárolhat.");
     if (m_count == m_first + kWindow)
         flush();
     return m_count++;
@@ -66,7 +69,7 @@ void JetPageStore::close() {
     flush();
     const int file = m_file;
     m_file = -1;
-    if (::close(file) != 0)
+    if (m_ownsFile && ::close(file) != 0)
         fail(errno);
 }
 

@@ -11,18 +11,27 @@ namespace odbc::jet {
 
 using PageBytes = std::array<std::uint8_t, kPageSize>;
 
-class JetPageStore {
+// Where pages are put: the file that is written from its start, or one that is changed in places.
+class JetPages {
+public:
+    virtual ~JetPages() = default;
+    // The number of a new page, which holds zeros until it is put.
+    virtual std::uint32_t allocate() = 0;
+    virtual void put(std::uint32_t page, const PageBytes& bytes) = 0;
+};
+
+class JetPageStore : public JetPages {
 public:
     // Creates or empties the file. Faults of the disk throw StoreError, here and below. `limit` is the
     // number of pages that the format allows; the tests give a smaller one.
     explicit JetPageStore(const std::string& path, std::uint32_t limit = kMaxPages);
-    ~JetPageStore();
+    JetPageStore(int descriptor, std::string name, std::uint32_t limit = kMaxPages); // which stays its owner's
+    ~JetPageStore() override;
     JetPageStore(const JetPageStore&) = delete;
     JetPageStore& operator=(const JetPageStore&) = delete;
 
-    // The number of a new page, which holds zeros until it is put. Throws past 2 GB.
-    std::uint32_t allocate();
-    void put(std::uint32_t page, const PageBytes& bytes);
+    std::uint32_t allocate() override; // throws past 2 GB
+    void put(std::uint32_t page, const PageBytes& bytes) override;
     std::uint32_t count() const { return m_count; }
     // Writes what is left and closes the file.
     void close();
@@ -36,6 +45,7 @@ private:
     std::string m_path;
     std::uint32_t m_limit;
     int m_file = -1;
+    bool m_ownsFile = true;
     std::uint32_t m_count = 0;
     std::uint32_t m_first = 0; // the first page of the window
     std::vector<std::uint8_t> m_window;

@@ -83,7 +83,7 @@ struct CatalogueEntry {
 
 class Reader {
 public:
-    Reader(const JetFile& file, TableSink& sink) : m_file(file), m_sink(sink), m_decoder(file) {}
+    Reader(const JetFile& file, TableSink& sink, std::vector<JetOrigin>* origins) : m_file(file), m_sink(sink), m_origins(origins), m_decoder(file) {}
 
     void readAll() {
         std::set<std::uint32_t> seen;
@@ -97,22 +97,13 @@ public:
 private:
     std::vector<CatalogueEntry> readCatalogue();
     void readTable(const CatalogueEntry& entry);
-    StoreTable describe(const std::string& name, const std::vector<JetColumn>& columns) const;
-    StoreCell cellOf(const JetColumn& column, ColumnKind kind, const JetRow& row, std::string& text);
-    void checkCount(const std::string& name, std::uint32_t said, std::uint32_t found) const;
-    std::vector<JetColumn> orderedColumns(const JetDefinition& definition) const;
+    std::string countFault(const std::string& name, std::uint32_t said, std::uint32_t found) const;
 
     const JetFile& m_file;
     TableSink& m_sink;
+    std::vector<JetOrigin>* m_origins;
     JetDecoder m_decoder;
 };
-
-std::vector<JetColumn> Reader::orderedColumns(const JetDefinition& definition) const {
-    std::vector<JetColumn> columns = definition.columns;
-    std::stable_sort(columns.begin(), columns.end(),
-                     [](const JetColumn& a, const JetColumn& b) { return a.number < b.number; });
-    return columns;
-}
 
 // The user's own tables: not the engine's, not Access's, no links to other files, no leftovers.
 std::vector<CatalogueEntry> Reader::readCatalogue() {
@@ -148,20 +139,62 @@ std::vector<CatalogueEntry> Reader::readCatalogue() {
         if (!entry.name.starts_with("~TMP"))
             entries.push_back(std::move(entry));
     });
-    checkCount("MSysObjects", definition.rowCount, found);
+    if (const std::string fault = countFault("MSysObjects", definition.rowCount, found); !fault.empty())
+        throw StoreError(fault);
     return entries;
 }
 
-StoreTable Reader::describe(const std::string& name, const std::vector<JetColumn>& columns) const {
+// Genuine files tell too few rows here and there, which loses nothing. Fewer rows than told are a loss.
+std::string Reader::countFault(const std::string& name, std::uint32_t said, std::uint32_t found) const {
+    if (found >= said)
+        return {};
+    return "A fájl sérült: \"" + m_file.name() + "\". A tábla (" + name + ") szerint " + std::to_string(said) + " sora van, de csak " +
+           std::to_string(found) + " található.";
+}
+
+void Reader::readTable(const CatalogueEntry& entry) {
+    const JetDefinition definition = readDefinition(m_file, entry.id, m_decoder);
+    const std::vector<JetColumn> columns = orderedColumns(definition);
+    const StoreTable table = describeTable(m_file, entry.name, columns);
+    m_sink.beginTable(table);
+    JetOrigin origin{entry.name, entry.id, {}};
+    JetRow row(m_file, definition);
+    std::vector<StoreCell> cells(columns.size());
+    std::vector<std::string> texts(columns.size());
+    std::uint32_t found = 0;
+    forEachRow(m_file, definition, [&](std::uint32_t pointer, std::span<const std::uint8_t> bytes) {
+        ++found;
+        if (m_origins != nullptr)
+            origin.rows.push_back(pointer);
+        row.parse(bytes);
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            cells[i] = cellOf(m_file, m_decoder, columns[i], table.columns[i].kind, row, texts[i]);
+        m_sink.row(cells);
+    });
+    if (const std::string fault = countFault(entry.name, definition.rowCount, found); !fault.empty())
+        m_sink.incomplete(fault);
+    if (m_origins != nullptr)
+        m_origins->push_back(std::move(origin));
+    m_sink.endTable();
+}
+
+} // namespace
+
+std::vector<JetColumn> jet::orderedColumns(const JetDefinition& definition) {
+    std::vector<JetColumn> columns = definition.columns;
+    std::stable_sort(columns.begin(), columns.end(), [](const JetColumn& a, const JetColumn& b) { return a.number < b.number; });
+    return columns;
+}
+
+StoreTable jet::describeTable(const JetFile& file, const std::string& name, const std::vector<JetColumn>& columns) {
     StoreTable table{name, {}};
     for (const JetColumn& column : columns) {
         const auto kind = kindOf(column.type);
         if (!kind)
-            throw StoreError("The column \"" + column.name + "\" of the table \"" + name +
-                             "\" has a type that is not known here.");
+            throw StoreError("A tábla (" + name + ") egyik oszlopának típusa ismeretlen: " + column.name + ".");
         StoreColumn& described = table.columns.emplace_back(StoreColumn{column.name, *kind, 0, 0, 0});
         if (*kind == ColumnKind::Text) {
-            const std::size_t size = m_file.jet3() ? column.length : column.length / std::size_t{2};
+            const std::size_t size = file.jet3() ? column.length : column.length / std::size_t{2};
             described.size = static_cast<std::uint16_t>(size == 0 ? kMaxTextLength : std::min(size, kMaxTextLength));
         } else if (*kind == ColumnKind::Binary) {
             described.size = column.length;
@@ -173,36 +206,7 @@ StoreTable Reader::describe(const std::string& name, const std::vector<JetColumn
     return table;
 }
 
-void Reader::checkCount(const std::string& name, std::uint32_t said, std::uint32_t found) const {
-    if (said != found)
-        m_file.damaged("the table \"" + name + "\" says that it holds " + std::to_string(said) + " rows, but " +
-                       std::to_string(found) + " were found");
-}
-
-void Reader::readTable(const CatalogueEntry& entry) {
-    const JetDefinition definition = readDefinition(m_file, entry.id, m_decoder);
-    if (definition.rowCount != 0 && pagesOfMap(m_file, definition.usedMap).empty())
-        m_file.damaged("the table \"" + entry.name + "\" says that it holds " + std::to_string(definition.rowCount) +
-                       " rows, but its list of pages is empty");
-    const std::vector<JetColumn> columns = orderedColumns(definition);
-    const StoreTable table = describe(entry.name, columns);
-    m_sink.beginTable(table);
-    JetRow row(m_file, definition);
-    std::vector<StoreCell> cells(columns.size());
-    std::vector<std::string> texts(columns.size());
-    std::uint32_t found = 0;
-    forEachRow(m_file, definition, [&](std::uint32_t, std::span<const std::uint8_t> bytes) {
-        ++found;
-        row.parse(bytes);
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            cells[i] = cellOf(columns[i], table.columns[i].kind, row, texts[i]);
-        m_sink.row(cells);
-    });
-    checkCount(entry.name, definition.rowCount, found);
-    m_sink.endTable();
-}
-
-StoreCell Reader::cellOf(const JetColumn& column, ColumnKind kind, const JetRow& row, std::string& text) {
+StoreCell jet::cellOf(const JetFile& file, JetDecoder& decoder, const JetColumn& column, ColumnKind kind, const JetRow& row, std::string& text) {
     if (kind == ColumnKind::Bool)
         return StoreCell::of(std::int64_t{row.boolean(column)});
     const auto value = row.value(column);
@@ -210,7 +214,7 @@ StoreCell Reader::cellOf(const JetColumn& column, ColumnKind kind, const JetRow&
         return StoreCell::null();
     const std::uint8_t* at = value->data();
     if (const std::size_t size = sizeOf(kind); size != 0 && value->size() < size)
-        m_file.damaged("the column \"" + column.name + "\" holds a value that is too short");
+        file.damaged("the column \"" + column.name + "\" holds a value that is too short");
     text.clear();
     switch (kind) {
     case ColumnKind::Byte:
@@ -241,17 +245,17 @@ StoreCell Reader::cellOf(const JetColumn& column, ColumnKind kind, const JetRow&
         text = formatGuid(at);
         return StoreCell::text(text);
     case ColumnKind::Text:
-        m_decoder.appendText(*value, column.codePage, text);
+        decoder.appendText(*value, column.codePage, text);
         return StoreCell::text(text);
     case ColumnKind::Binary:
         return StoreCell::blob({reinterpret_cast<const char*>(at), value->size()});
     case ColumnKind::Ole:
-        m_decoder.appendLongValue(*value, text);
+        decoder.appendLongValue(*value, text);
         return StoreCell::blob(text);
     case ColumnKind::Memo: {
         std::string raw;
-        m_decoder.appendLongValue(*value, raw);
-        m_decoder.appendText({reinterpret_cast<const std::uint8_t*>(raw.data()), raw.size()}, column.codePage, text);
+        decoder.appendLongValue(*value, raw);
+        decoder.appendText({reinterpret_cast<const std::uint8_t*>(raw.data()), raw.size()}, column.codePage, text);
         return StoreCell::text(text);
     }
     case ColumnKind::Bool:
@@ -259,10 +263,8 @@ StoreCell Reader::cellOf(const JetColumn& column, ColumnKind kind, const JetRow&
     }
     return StoreCell::null();
 }
-} // namespace
-
-void jet::readTables(const JetFile& file, TableSink& sink) {
-    Reader(file, sink).readAll();
+void jet::readTables(const JetFile& file, TableSink& sink, std::vector<JetOrigin>* origins) {
+    Reader(file, sink, origins).readAll();
 }
 
 void readJet(const std::string& path, TableSink& sink) {

@@ -41,7 +41,7 @@ std::size_t variableRoom(const JetColumnPlan& column) {
 }
 } // namespace
 
-JetRowEncoder::JetRowEncoder(const JetTablePlan& plan, JetPageStore& store)
+JetRowEncoder::JetRowEncoder(const JetTablePlan& plan, JetPages& store)
     : m_plan(&plan), m_longPlace(plan.columns.size()) {
     std::size_t room = 2 + plan.fixedSize + 4 + (plan.columns.size() + 7) / 8;
     for (std::size_t i = 0; i < plan.columns.size(); ++i) {
@@ -58,13 +58,13 @@ JetRowEncoder::JetRowEncoder(const JetTablePlan& plan, JetPageStore& store)
 }
 
 void JetRowEncoder::fail(const JetColumnPlan& column, const std::string& why) const {
-    throw StoreError("The column \"" + column.column.name + "\" of the table \"" + m_plan->name + "\" " + why + ".");
+    throw StoreError("A tábla (" + m_plan->name + ") oszlopa (" + column.column.name + ") " + why + ".");
 }
 
 std::span<const std::uint8_t> JetRowEncoder::encode(std::span<const StoreCell> cells) {
     const std::vector<JetColumnPlan>& columns = m_plan->columns;
     if (cells.size() != columns.size())
-        throw StoreError("A row of the table \"" + m_plan->name + "\" does not have one value a column.");
+        throw StoreError("A tábla (" + m_plan->name + ") egyik sorában nem annyi érték áll, ahány oszlop van.");
     std::uint8_t* row = m_row.data();
     std::array<std::uint8_t, (kMaxColumns + 7) / 8> present{};
     put16(row, columns.size());
@@ -96,9 +96,19 @@ std::span<const std::uint8_t> JetRowEncoder::encode(std::span<const StoreCell> c
     }
     append({present.data(), (columns.size() + 7) / 8});
     if (m_size > data::kMaxRow)
-        throw StoreError("A row of the table \"" + m_plan->name +
-                         "\" is longer than the 4,060 bytes that an Access table allows.");
+        throw StoreError("A tábla (" + m_plan->name + ") egyik sora hosszabb, mint az Accessben megengedett 4060 bájt.");
     return {row, m_size};
+}
+
+std::span<const std::uint8_t> JetRowEncoder::encodeAlone(std::size_t number, const StoreCell& cell) {
+    const JetColumnPlan& column = m_plan->columns[number];
+    m_size = 0;
+    if (!column.fixed()) {
+        appendVariable(column, cell);
+        return {m_row.data(), m_size};
+    }
+    encodeFixed(column, cell, m_row.data());
+    return {m_row.data(), column.length};
 }
 
 void JetRowEncoder::append(std::span<const std::uint8_t> bytes) {
@@ -111,13 +121,13 @@ std::int64_t JetRowEncoder::integerOf(const JetColumnPlan& column, const StoreCe
     std::int64_t value = cell.integer;
     if (cell.type == StoreCell::Type::Real) {
         if (!(cell.real > -9.2e18 && cell.real < 9.2e18) || std::nearbyint(cell.real) != cell.real)
-            fail(column, "cannot hold a value that is no whole number");
+            fail(column, "csak egész számot tárolhat");
         value = static_cast<std::int64_t>(cell.real);
     } else if (cell.type != StoreCell::Type::Integer) {
-        fail(column, "cannot hold a value that is no number");
+        fail(column, "csak számot tárolhat");
     }
     if (value < least || value > most)
-        fail(column, "cannot hold the value " + std::to_string(value));
+        fail(column, "nem tárolhatja ezt az értéket: " + std::to_string(value));
     return value;
 }
 
@@ -125,7 +135,7 @@ double JetRowEncoder::realOf(const JetColumnPlan& column, const StoreCell& cell)
     if (cell.type == StoreCell::Type::Integer)
         return static_cast<double>(cell.integer);
     if (cell.type != StoreCell::Type::Real)
-        fail(column, "cannot hold a value that is no number");
+        fail(column, "csak számot tárolhat");
     return cell.real;
 }
 
@@ -143,7 +153,7 @@ void JetRowEncoder::encodeFixed(const JetColumnPlan& column, const StoreCell& ce
     case ColumnKind::Single: {
         const double value = realOf(column, cell);
         if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max())
-            fail(column, "cannot hold so large a number");
+            fail(column, "nem tárolhat ekkora számot");
         put32(at, std::bit_cast<std::uint32_t>(static_cast<float>(value)));
         return;
     }
@@ -173,7 +183,7 @@ void JetRowEncoder::encodeCurrency(const JetColumnPlan& column, const StoreCell&
     const std::optional<JetDecimal> value = parseDecimal(decimalText(cell), 4);
     const std::uint64_t most = std::uint64_t{1} << 63;
     if (!value || value->magnitude > most - (value->negative ? 0 : 1))
-        fail(column, "cannot hold \"" + decimalText(cell) + "\" as an amount of money");
+        fail(column, "nem tárolhatja pénzösszegként ezt: " + decimalText(cell));
     const auto magnitude = static_cast<std::uint64_t>(value->magnitude);
     put64(at, value->negative ? ~magnitude + 1 : magnitude);
 }
@@ -184,7 +194,7 @@ void JetRowEncoder::encodeNumeric(const JetColumnPlan& column, const StoreCell& 
     for (unsigned i = 0; i < column.column.precision; ++i)
         limit *= 10;
     if (!value || value->magnitude >= limit)
-        fail(column, "cannot hold \"" + decimalText(cell) + "\" as a number of its precision");
+        fail(column, "nem tárolhat ilyen pontosságú számot: " + decimalText(cell));
     at[0] = value->negative ? 0x80 : 0;
     // Four groups of four bytes, the greatest group first, each group little-endian.
     for (unsigned group = 0; group < 4; ++group)
@@ -194,7 +204,7 @@ void JetRowEncoder::encodeNumeric(const JetColumnPlan& column, const StoreCell& 
 void JetRowEncoder::encodeGuid(const JetColumnPlan& column, const StoreCell& cell, std::uint8_t* at) const {
     const auto value = cell.type == StoreCell::Type::Text ? parseGuid(cell.bytes) : std::nullopt;
     if (!value)
-        fail(column, "cannot hold a value that is no GUID");
+        fail(column, "csak GUID értéket tárolhat");
     std::copy(value->begin(), value->end(), at);
 }
 
@@ -202,14 +212,14 @@ void JetRowEncoder::appendVariable(const JetColumnPlan& column, const StoreCell&
     switch (column.type) {
     case ColumnType::Text:
         if (cell.type != StoreCell::Type::Text)
-            fail(column, "cannot hold a value that is no text");
+            fail(column, "csak szöveget tárolhat");
         appendText(column, cell.bytes);
         return;
     case ColumnType::Binary:
         if (cell.type != StoreCell::Type::Bytes && cell.type != StoreCell::Type::Text)
-            fail(column, "cannot hold a value that is no bytes");
+            fail(column, "csak bájtokat tárolhat");
         if (cell.bytes.size() > column.length)
-            fail(column, "cannot hold more than " + std::to_string(column.length) + " bytes");
+            fail(column, "legfeljebb " + std::to_string(column.length) + " bájtot tárolhat");
         append(bytesOf(cell.bytes));
         return;
     case ColumnType::Memo:
@@ -217,16 +227,16 @@ void JetRowEncoder::appendVariable(const JetColumnPlan& column, const StoreCell&
         appendLongValue(column, cell);
         return;
     default:
-        fail(column, "has no place in a row"); // the plan knows no other variable columns
+        fail(column, "nem fér el egy sorban"); // the plan knows no other variable columns
     }
 }
 
 void JetRowEncoder::appendText(const JetColumnPlan& column, std::string_view utf8) {
     const bool compressed = (column.extraFlags & columnbit::kCompressed) != 0;
     if (!m_text.encode(utf8, compressed ? kMaxTextLength : 0))
-        fail(column, "cannot hold text that is no Unicode");
+        fail(column, "csak Unicode szöveget tárolhat");
     if (m_text.characters() > column.column.size || m_text.bytes().size() > column.length)
-        fail(column, "cannot hold text of more than " + std::to_string(column.column.size) + " characters");
+        fail(column, "legfeljebb " + std::to_string(column.column.size) + " karaktert tárolhat");
     append(m_text.bytes());
 }
 
@@ -234,17 +244,17 @@ void JetRowEncoder::appendLongValue(const JetColumnPlan& column, const StoreCell
     std::span<const std::uint8_t> value;
     if (column.type == ColumnType::Memo) {
         if (cell.type != StoreCell::Type::Text)
-            fail(column, "cannot hold a value that is no text");
+            fail(column, "csak szöveget tárolhat");
         if (!m_text.encode(cell.bytes, kMaxCompressedMemo))
-            fail(column, "cannot hold text that is no Unicode");
+            fail(column, "csak Unicode szöveget tárolhat");
         value = m_text.bytes();
     } else {
         if (cell.type != StoreCell::Type::Bytes && cell.type != StoreCell::Type::Text)
-            fail(column, "cannot hold a value that is no bytes");
+            fail(column, "csak bájtokat tárolhat");
         value = bytesOf(cell.bytes);
     }
     if (value.size() > longvalue::kLengthMask)
-        fail(column, "cannot hold more than 1 GB in one value");
+        fail(column, "egy értékben legfeljebb 1 GB-ot tárolhat");
     std::array<std::uint8_t, longvalue::kHeader> head{};
     const auto length = static_cast<std::uint32_t>(value.size());
     if (value.size() <= longvalue::kMaxInline) {

@@ -11,11 +11,13 @@ namespace odbc::jet {
 class JetRowEncoder {
 public:
     // The plan outlives the encoder.
-    JetRowEncoder(const JetTablePlan& plan, JetPageStore& store);
+    JetRowEncoder(const JetTablePlan& plan, JetPages& store);
 
     // One cell a column; the bytes are valid until the next call. Throws StoreError for a value that
     // its column cannot hold and for a row that no page can hold.
     std::span<const std::uint8_t> encode(std::span<const StoreCell> cells);
+    // One cell that is not null, as it lies in a row; likewise.
+    std::span<const std::uint8_t> encodeAlone(std::size_t column, const StoreCell& cell);
     // Puts the last pages of long values; then their pages are known: one a long column, in order.
     void finish();
     const std::vector<JetRowPages>& longValues() const { return m_longValues; }

@@ -8,7 +8,7 @@ namespace odbc::jet {
 class JetRowPages {
 public:
     // `owner` is the table's definition page, or data::kLongValueOwner.
-    JetRowPages(std::uint32_t owner, JetPageStore& store) : m_owner(owner), m_store(&store) {}
+    JetRowPages(std::uint32_t owner, JetPages& store) : m_owner(owner), m_store(&store) {}
 
     // Appends a row; the pointer to it, page << 8 | row. The row must fit an empty page.
     std::uint32_t append(std::span<const std::uint8_t> row);
@@ -25,7 +25,7 @@ private:
     void closePage();
 
     std::uint32_t m_owner;
-    JetPageStore* m_store;
+    JetPages* m_store;
     JetPageSet m_used, m_withRoom;
     PageBytes m_page{};
     std::uint32_t m_number = 0;

@@ -37,6 +37,10 @@ void forEachRow(const JetFile& file, const JetDefinition& definition,
     }
 }
 
+std::span<const std::uint8_t> rowAt(const JetFile& file, const JetDefinition& definition, std::uint32_t pointer, JetPage& page) {
+    return follow(file, definition, slotAt(file, pointer, page), page).bytes;
+}
+
 JetRow::JetRow(const JetFile& file, const JetDefinition& definition) : m_file(&file), m_definition(&definition) {
     for (const JetColumn& column : definition.columns)
         if (!column.fixed())

@@ -13,6 +13,9 @@ namespace odbc::jet {
 void forEachRow(const JetFile& file, const JetDefinition& definition,
                 const std::function<void(std::uint32_t pointer, std::span<const std::uint8_t> row)>& take);
 
+// The row that the table lists there, followed where it moved; its bytes lie in `page`.
+std::span<const std::uint8_t> rowAt(const JetFile& file, const JetDefinition& definition, std::uint32_t pointer, JetPage& page);
+
 // A row taken apart. Throws StoreError where its parts contradict each other.
 class JetRow {
 public:

@@ -45,24 +45,19 @@ KindFact factOf(ColumnKind kind) {
     case ColumnKind::Numeric:
         return {ColumnType::Numeric, true, 17};
     }
-    throw StoreError("A column has a type that no Access table knows.");
-}
-
-std::string quoted(const std::string& name) {
-    return "\"" + name + "\"";
+    throw StoreError("Egy oszlop típusát egyetlen Access tábla sem ismeri.");
 }
 
 std::u16string checkedName(const std::string& name, const std::string& what) {
     std::u16string wide;
     if (!appendUtf16(name, wide))
-        throw StoreError("The name of " + what + " is no Unicode text.");
+        throw StoreError("A név nem Unicode szöveg (" + what + ").");
     if (wide.empty())
-        throw StoreError("The name of " + what + " is empty.");
+        throw StoreError("A név üres (" + what + ").");
     if (wide.size() > kMaxNameLength)
-        throw StoreError("The name " + quoted(name) + " of " + what +
-                         " is longer than the 64 characters that Access allows.");
+        throw StoreError("A név (" + what + ") hosszabb az Accessben megengedett 64 karakternél: " + name + ".");
     if (std::any_of(wide.begin(), wide.end(), [](char16_t c) { return c < 0x20; }))
-        throw StoreError("The name of " + what + " holds a control character.");
+        throw StoreError("A névben vezérlőkarakter áll (" + what + ").");
     return wide;
 }
 
@@ -74,12 +69,12 @@ std::string folded(const std::string& name) {
 
 void checkSizes(const StoreColumn& column, const std::string& what) {
     if (column.kind == ColumnKind::Text && (column.size < 1 || column.size > kMaxTextLength))
-        throw StoreError("The size of " + what + " must be 1 to 255 characters.");
+        throw StoreError("A méret 1–255 karakter lehet (" + what + ").");
     if (column.kind == ColumnKind::Binary && (column.size < 1 || column.size > 510))
-        throw StoreError("The size of " + what + " must be 1 to 510 bytes.");
+        throw StoreError("A méret 1–510 bájt lehet (" + what + ").");
     if (column.kind == ColumnKind::Numeric &&
         (column.precision < 1 || column.precision > 28 || column.scale > column.precision))
-        throw StoreError("The precision of " + what + " must be 1 to 28 digits, and its scale no more than that.");
+        throw StoreError("A pontosság 1–28 számjegy lehet, a tizedesek száma nem lehet több ennél (" + what + ").");
 }
 
 // Lays the columns out; fixed ones follow each other behind the row's column count.
@@ -188,21 +183,21 @@ std::size_t JetTablePlan::longColumns() const {
 }
 
 JetTablePlan planTable(const StoreTable& table) {
-    const std::string what = "the table " + quoted(table.name);
+    const std::string what = "tábla: " + table.name;
     JetTablePlan plan;
     plan.name = table.name;
-    checkedName(table.name, "a table");
+    checkedName(table.name, "tábla");
     if (table.columns.empty())
-        throw StoreError("There is no column in " + what + ".");
+        throw StoreError("Nincs oszlop (" + what + ").");
     if (table.columns.size() > kMaxColumns)
-        throw StoreError("There are more columns in " + what + " than the 255 that Access allows.");
+        throw StoreError("Az oszlopok száma több az Accessben megengedett 255-nél (" + what + ").");
     layOut(plan, table);
     std::set<std::string> names;
     for (JetColumnPlan& planned : plan.columns) {
-        planned.name = checkedName(planned.column.name, "a column of " + what);
+        planned.name = checkedName(planned.column.name, what + " oszlopa");
         if (!names.insert(folded(planned.column.name)).second)
-            throw StoreError("The column " + quoted(planned.column.name) + " stands twice in " + what + ".");
-        checkSizes(planned.column, "the column " + quoted(planned.column.name) + " of " + what);
+            throw StoreError("Az oszlop kétszer szerepel (" + what + "): " + planned.column.name + ".");
+        checkSizes(planned.column, what + ", oszlop: " + planned.column.name);
         if (planned.type == ColumnType::Text || planned.type == ColumnType::Memo)
             planned.extraFlags = columnbit::kCompressed;
     }

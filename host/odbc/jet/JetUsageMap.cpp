@@ -27,7 +27,7 @@ UsageRow inlineRow(std::uint32_t start, const JetPageSet& pages) {
     return row;
 }
 
-UsageRow referenceRow(const JetPageSet& pages, JetPageStore& store) {
+UsageRow referenceRow(const JetPageSet& pages, JetPages& store) {
     std::map<std::size_t, PageBytes> bitmaps;
     for (const JetPageSet::Run& run : pages.runs())
         for (std::uint32_t page = run.first; page < run.end; ++page)
@@ -52,7 +52,7 @@ void JetPageSet::add(std::uint32_t page) {
         m_runs.push_back({page, page + 1});
 }
 
-UsageRow usageRow(const JetPageSet& pages, JetPageStore& store) {
+UsageRow usageRow(const JetPageSet& pages, JetPages& store) {
     if (pages.runs().empty())
         return {};
     const std::uint32_t end = pages.runs().back().end;

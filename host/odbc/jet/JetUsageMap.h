@@ -23,7 +23,7 @@ private:
 
 // The map's row. Bits lie in the row itself while 512 neighbouring pages hold the set, else on
 // bitmap pages that are taken from the store.
-UsageRow usageRow(const JetPageSet& pages, JetPageStore& store);
+UsageRow usageRow(const JetPageSet& pages, JetPages& store);
 // The row of the map of free pages: none of those in use, every one behind the end of the file.
 UsageRow freePagesRow(JetPageStore& store);
 

@@ -17,7 +17,9 @@ constexpr std::uint32_t kPasswordMask = 0x97B2; // the stamp's whole days
 constexpr std::uint32_t kEngineBuild = 9025;
 constexpr std::uint16_t kCodePage = 1252;
 
-PageBytes headerPage() {
+} // namespace
+
+PageBytes jet::headerPage() {
     PageBytes page{};
     std::uint8_t* at = page.data();
     at[1] = 1;
@@ -40,11 +42,11 @@ PageBytes headerPage() {
         put16(at + header::kCommitBytes + 2 * user, header::kCommitAtRest);
     return page;
 }
-} // namespace
 
 struct JetWriter::State {
-    explicit State(const std::string& path)
-        : store(path), headerNumber(store.allocate()), maps(2, store), catalogue(store) {}
+    template <class... Where>
+    explicit State(const Where&... where)
+        : store(where...), headerNumber(store.allocate()), maps(2, store), catalogue(store) {}
 
     JetPageStore store;
     std::uint32_t headerNumber; // 0
@@ -54,6 +56,8 @@ struct JetWriter::State {
 };
 
 JetWriter::JetWriter(const std::string& path) : m_state(std::make_unique<State>(path)) {}
+
+JetWriter::JetWriter(int descriptor, const std::string& name) : m_state(std::make_unique<State>(descriptor, name)) {}
 
 JetWriter::~JetWriter() = default;
 

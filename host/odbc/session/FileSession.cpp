@@ -4,71 +4,97 @@
 #include "AcUtText.h"
 #include "biff/BiffReader.h"
 #include "biff/BiffWriter.h"
-#include "jet/JetReader.h"
+#include "jet/JetPatch.h"
 #include "jet/JetWriter.h"
 
 namespace odbc {
 
 namespace {
-template <class Writer, class Fill> void writeSafely(const std::string& path, const std::string& shown, const Fill& fill) {
-    ReplacingFile file(path, shown);
-    try {
-        Writer writer(file.path());
-        fill(writer);
-        writer.finish();
-    } catch (const StoreError& error) {
-        // The user knows his file by its own name.
-        std::string text = error.what();
-        if (const std::size_t at = text.find(file.path()); at != std::string::npos)
-            text.replace(at, file.path().size(), shown);
-        throw StoreError(text);
-    }
-    file.commit();
-}
+constexpr const char* kReadOnly = "Az adatbázis csak olvasásra van nyitva, vagy nincs jog a fájl módosításához.";
+constexpr const char* kAccess97 = "Az adatbázis Access 97 formátumú: olvasható, de nem módosítható. Mentse el Accessben újabb .mdb formátumban.";
 } // namespace
 
 FileSession::FileSession(FileForm form, std::wstring_view hostPath, bool readOnly)
-    : mShown(acToUtf8(hostPath)), mPath(acFileSystemPath(hostPath)), mForm(form), mReadOnly(readOnly),
+    : mShown(acToUtf8(hostPath)), mPath(acFileSystemPath(hostPath)), mForm(form), mWhyReadOnly(readOnly ? kReadOnly : ""),
       mStore(form == FileForm::Access ? kDatabaseRules : kWorkbookRules) {
     if (form == FileForm::Workbook && !fileExists(mPath)) {
         if (!mayReplace(mPath))
-            throw StoreError("The file \"" + mShown + "\" cannot be made: its folder is missing or cannot be written.");
+            throw StoreError("A fájl nem hozható létre, mert a mappája hiányzik vagy nem írható: \"" + mShown + "\".");
         return;
     }
-    mLock.emplace(mPath, mShown);
-    if (!mayReplace(mPath))
-        mReadOnly = true; // it can be read all the same
-    else
+    if (fileExists(mPath) && !mayReplace(mPath))
+        mWhyReadOnly = kReadOnly; // it can be read all the same
+    mFile.emplace(mPath, mShown, mWhyReadOnly.empty());
+    if (mWhyReadOnly.empty())
         ReplacingFile::removeLeftovers(mPath);
     if (form == FileForm::Access)
-        readJet(mPath, mStore);
+        openAccess();
     else
-        readBiff(mPath, mStore);
+        readBiff(mFile->descriptor(), mShown, mStore);
+}
+
+void FileSession::openAccess() {
+    mJet.emplace(mFile->descriptor(), mShown);
+    mJet->readTables(mStore);
+    const bool ours = !mStore.hasFaults() && mJet->madeHere();
+    if (!ours)
+        mStore.trackChanges();
+    if (mJet->isJet3() && mWhyReadOnly.empty())
+        mWhyReadOnly = kAccess97;
+    if (!ours && mWhyReadOnly.empty())
+        mJet->demand([this](const std::string& table, const TableRules& rules) { mStore.obey(table, rules); },
+                     [this](const TableRelation& relation) { mStore.obey(relation); });
+    if (ours)
+        mJet.reset();
 }
 
 void FileSession::execute(std::wstring_view sql) {
-    mStore.execute(sql, mReadOnly);
+    mStore.execute(sql, mWhyReadOnly);
 }
 
 ResultSet FileSession::query(std::wstring_view sql) {
     return mStore.query(sql);
 }
 
+void FileSession::writeAccess(ReplacingFile& file) {
+    if (mJet) {
+        JetPatch patch(*mJet);
+        for (const jet::JetOrigin& table : mJet->origins())
+            patch.change(table, mStore.lastNumber(table.name), [&](ChangeSink& sink) { mStore.changesOf(table.name, sink); });
+        patch.writeTo(file.descriptor(), mShown);
+        return;
+    }
+    JetWriter writer(file.descriptor(), mShown);
+    mStore.writeTo(writer);
+    writer.finish();
+}
+
+void FileSession::writeWorkbook(ReplacingFile& file) {
+    BiffWriter writer(file.descriptor(), mShown);
+    mStore.writeTo(writer);
+    writer.finish();
+    for (const std::string& note : writer.notes())
+        acutPrintf(L"\n%s\n", acFromUtf8(note).c_str());
+}
+
 void FileSession::close() {
     if (!mStore.changed())
         return;
-    const auto fill = [this](TableSink& writer) { mStore.writeTo(writer); };
+    ReplacingFile file(mPath, mShown);
     if (mForm == FileForm::Access)
-        writeSafely<JetWriter>(mPath, mShown, fill);
+        writeAccess(file);
     else
-        writeSafely<BiffWriter>(mPath, mShown, fill);
+        writeWorkbook(file);
+    file.commit(mFile ? &*mFile : nullptr);
 }
 
 void createAccessFile(std::wstring_view hostPath) {
     const std::string path = acFileSystemPath(hostPath), shown = acToUtf8(hostPath);
     if (fileExists(path))
-        throw StoreError("The file \"" + shown + "\" exists already.");
-    writeSafely<JetWriter>(path, shown, [](TableSink&) {});
+        throw StoreError("A fájl már létezik: \"" + shown + "\".");
+    ReplacingFile file(path, shown);
+    JetWriter(file.descriptor(), shown).finish();
+    file.commit(nullptr);
 }
 
 } // namespace odbc

@@ -1,9 +1,10 @@
 // A built-in database: a file, read when it is opened and replaced when it is closed.
 #pragma once
 
+#include "jet/JetSource.h"
 #include "session/SafeFile.h"
-#include "store/Session.h"
 #include "session/SqlStore.h"
+#include "store/Session.h"
 
 #include <optional>
 
@@ -21,11 +22,16 @@ public:
     void close() override;
 
 private:
+    void openAccess();
+    void writeAccess(ReplacingFile& file);
+    void writeWorkbook(ReplacingFile& file);
+
     std::string mShown; // the path as the caller has it
     std::string mPath;
     FileForm mForm;
-    bool mReadOnly;
-    std::optional<FileLock> mLock;
+    std::string mWhyReadOnly; // empty where the file can be changed
+    std::optional<LockedFile> mFile; // none: a workbook that does not stand yet
+    std::optional<JetSource> mJet; // an Access file of somebody else's, which is changed in places
     SqlStore mStore;
 };
 

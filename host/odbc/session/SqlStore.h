@@ -4,23 +4,23 @@
 #include "sql/SqlTranslator.h"
 #include "store/Catalogue.h"
 #include "store/ResultSet.h"
+#include "store/TableRules.h"
 
 #include <memory>
+#include <optional>
+#include <sqlite3.h>
 #include <unordered_map>
-
-struct sqlite3;
-struct sqlite3_stmt;
 
 namespace odbc {
 
 // What a kind of file holds and lets be done.
 struct StoreRules {
-    bool insertOnly;        // CREATE TABLE and INSERT are the only statements
-    std::int64_t mostRows;  // of a table; 0: no bound
+    bool workbook;          // CREATE TABLE, INSERT and UPDATE are the only statements, as for the driver of workbooks
     std::size_t mostColumns;
     std::size_t mostName;   // UTF-16 units of a table's name
     const char* forbidden;  // characters that a table's name cannot have
     bool bytes;             // whether a column can hold bytes
+    bool sorted;            // names stand in an index of the file: each character must have its weight
 };
 extern const StoreRules kDatabaseRules; // Access
 extern const StoreRules kWorkbookRules; // one sheet a table, row one holds the column names
@@ -36,9 +36,22 @@ public:
     void beginTable(const StoreTable& table) override;
     void row(std::span<const StoreCell> cells) override;
     void endTable() override;
+    void incomplete(const std::string& why) override;
 
-    // A statement that fails changes nothing. readOnly: one that would change anything is a StoreError.
-    void execute(std::wstring_view sql, bool readOnly = false);
+    // Called when the tables are loaded: the file is somebody else's, which is changed in places. What becomes of each of its rows is noted,
+    // and no table is made or dropped.
+    void trackChanges();
+    void obey(const std::string& table, const TableRules& rules);
+    void obey(const TableRelation& relation);
+    // What became of a loaded table since; nothing where it is as it was.
+    void changesOf(const std::string& table, ChangeSink& sink) const;
+    // The last number that the table's counter gave; nothing where it has none.
+    std::optional<std::int64_t> lastNumber(const std::string& table) const;
+
+    bool hasFaults() const; // a table that is incomplete
+    // A statement that fails changes nothing; the StoreError names it. whyReadOnly, where not empty, is thrown for one
+    // that would change anything.
+    void execute(std::wstring_view sql, const std::string& whyReadOnly = {});
     ResultSet query(std::wstring_view sql); // StoreError for anything but a SELECT
     bool changed() const { return mChanged; }
     // Every table with its rows, in the order of their making.
@@ -56,6 +69,11 @@ private:
         Handle handle;
     };
 
+    void executeUnnamed(std::wstring_view sql, const std::string& whyReadOnly);
+    ResultSet queryUnnamed(std::wstring_view sql);
+    static void touch(void* store, int operation, const char* database, const char* table, sqlite3_int64 row);
+    void requireRows(const CatalogueTable& table, const TableRules::Key& key);
+    void addCounter(const CatalogueTable& table, const TableRules& rules);
     Prepared& prepared(std::wstring_view sql);
     Handle prepare(const std::string& sql) const;
     void run(const std::string& sql) const;
@@ -72,6 +90,8 @@ private:
     std::unique_ptr<sqlite3, Closer> mDatabase;
     Catalogue mCatalogue;
     bool mChanged = false;
+    bool mTracked = false;
+    int mObeyed = 0; // keys and relations, which need names in SQLite
     // Statements by their shape: those that differ in nothing but literals are prepared once. They
     // name columns by place, so the first change of a table's columns empties the map.
     std::unordered_map<std::string, Prepared> mPrepared;

@@ -46,14 +46,14 @@ std::string SqlCursor::name() {
         refuseSyntax();
     std::string utf8;
     if (!appendUtf8(take().text, utf8))
-        throw StoreError("A name of the statement holds a character that is no Unicode.");
+        throw StoreError("Az utasítás egyik nevében nem Unicode karakter áll.");
     return utf8;
 }
 
 void SqlCursor::refuseSyntax() const {
     if (peek().kind == SqlToken::Kind::End)
-        throw StoreError("Syntax error: the statement ends too early.");
-    throw StoreError("Syntax error in the statement near " + shown(peek()) + ".");
+        throw StoreError("Szintaktikai hiba: az utasítás túl korán ér véget.");
+    throw StoreError("Szintaktikai hiba az utasításban, itt: " + shown(peek()) + ".");
 }
 
 void SqlCursor::returnTo(std::size_t place, int literalsTaken) {

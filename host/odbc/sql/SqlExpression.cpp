@@ -30,7 +30,7 @@ SqlValueType valueType(ColumnKind kind) {
 }
 
 void refuseMismatch() {
-    throw StoreError("The data types of the statement do not match: a text and a number meet.");
+    throw StoreError("Az utasításban nem egyeznek az adattípusok: szöveg és szám találkozik.");
 }
 
 std::string columnSql(int column) {
@@ -40,13 +40,13 @@ std::string columnSql(int column) {
 int columnNamed(const CatalogueTable& table, const std::string& name) {
     const int column = table.column(foldedName(name));
     if (column < 0)
-        throw StoreError("The table " + table.table.name + " has no column " + name + ".");
+        throw StoreError("A táblának (" + table.table.name + ") nincs ilyen oszlopa: " + name + ".");
     return column;
 }
 
 void requireTable(const CatalogueTable& table, const std::string& name) {
     if (foldedName(name) != table.key)
-        throw StoreError("The statement does not read the table " + name + ".");
+        throw StoreError("Az utasítás nem ezt a táblát olvassa: " + name + ".");
 }
 
 int takeColumn(SqlCursor& cursor, const CatalogueTable& table) {
@@ -106,7 +106,7 @@ class SqlExpression::Depth {
 public:
     explicit Depth(int& depth) : mDepth(depth) {
         if (++mDepth > 100)
-            throw StoreError("The statement is too complex.");
+            throw StoreError("Az utasítás túl bonyolult.");
     }
     Depth(const Depth&) = delete;
     Depth& operator=(const Depth&) = delete;
@@ -256,11 +256,11 @@ SqlOperand SqlExpression::value() {
     if (mCursor.accept(L"FALSE"))
         return {"0", Type::Number, -1, false};
     if (isName(token) && isSymbol(mCursor.peek(1), '('))
-        throw StoreError("The function " + shown(token) + " cannot stand there.");
+        throw StoreError("Ott nem állhat függvény: " + shown(token) + ".");
     if (!isName(token))
         mCursor.refuseSyntax();
     if (mTable == nullptr)
-        throw StoreError(shown(token) + " is no value.");
+        throw StoreError("Ez nem érték: " + shown(token) + ".");
     const int column = takeColumn(mCursor, *mTable);
     const ColumnKind kind = mTable->table.columns[static_cast<std::size_t>(column)].kind;
     if (kind == ColumnKind::Bool) // yes is -1 in a condition of Access and 1 in the store

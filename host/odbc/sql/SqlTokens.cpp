@@ -106,7 +106,7 @@ private:
         for (;; mAt += 2, doubled = true) {
             mAt = mSql.find(quote, mAt);
             if (mAt == std::wstring_view::npos)
-                throw StoreError("Syntax error: a text does not end with " + std::string(1, static_cast<char>(quote)) + " in the statement.");
+                throw StoreError("Szintaktikai hiba: az utasítás egyik szövegének nincs záró " + std::string(1, static_cast<char>(quote)) + " jele.");
             if (peek(1) != quote)
                 break;
         }
@@ -118,10 +118,10 @@ private:
         const std::size_t begin = mAt + 1;
         mAt = mSql.find(closing, begin);
         if (mAt == std::wstring_view::npos)
-            throw StoreError("Syntax error: a name in brackets does not end in the statement.");
+            throw StoreError("Szintaktikai hiba: az utasításban egy zárójeles név nem ér véget.");
         const SqlToken& token = add(Kind::Name, begin, mAt);
         if (std::any_of(token.text.begin(), token.text.end(), [](wchar_t c) { return c >= 0 && c < L' '; }))
-            throw StoreError("Syntax error: a name in brackets holds a control character.");
+            throw StoreError("Szintaktikai hiba: egy zárójeles névben vezérlőkarakter áll.");
         ++mAt;
     }
 
@@ -139,7 +139,7 @@ private:
         const std::size_t length = code == kLessEqual || code == kGreaterEqual || code == kNotEqual ? 2 : 1;
         SqlToken& token = add(Kind::Symbol, mAt, mAt + length);
         if (code == '\0' || c <= L' ')
-            throw StoreError("Syntax error: the statement holds the character " + shown(token) + ".");
+            throw StoreError("Szintaktikai hiba: az utasításban nem állhat ilyen karakter: " + shown(token) + ".");
         token.symbol = code;
         mAt += length;
     }
@@ -178,7 +178,7 @@ bool isKeyword(const SqlToken& token, std::wstring_view word) {
 void appendText(const SqlToken& token, std::string& out) {
     const std::size_t before = out.size();
     if (!appendUtf8(token.text, out))
-        throw StoreError("A text of the statement holds a character that is no Unicode.");
+        throw StoreError("Az utasítás egyik szövegében nem Unicode karakter áll.");
     if (!token.doubled)
         return;
     const char quote = token.text.data()[-1] == L'"' ? '"' : '\'';
@@ -196,13 +196,13 @@ double numberOf(const SqlToken& token) {
     digits[0] = '\0';
     const std::size_t length = token.text.size();
     if (length >= sizeof digits)
-        throw StoreError("The number " + shown(token) + " is too long.");
+        throw StoreError("Túl hosszú szám: " + shown(token) + ".");
     for (std::size_t i = 0; i < length; ++i)
         digits[i] = static_cast<char>(token.text[i]);
     double value = 0;
     const auto result = std::from_chars(digits, digits + length, value);
     if (result.ec == std::errc::result_out_of_range && !isTiny({digits, length}))
-        throw StoreError("The number " + shown(token) + " is too large.");
+        throw StoreError("Túl nagy szám: " + shown(token) + ".");
     return token.negative ? -value : value;
 }
 
@@ -230,7 +230,9 @@ void appendShape(const std::vector<SqlToken>& tokens, std::string& out) {
         case Kind::Name:
             out += token.kind == Kind::Word ? '\x03' : '\x04';
             if (!appendUtf8(token.text, out))
-                throw StoreError("A name of the statement holds a character that is no Unicode.");
+                throw StoreError("Az utasítás egyik nevében nem Unicode karakter áll.");
+            if (token.kind == Kind::Name)
+                out += '\x04'; // in brackets it may end with what looks like a symbol
             break;
         }
     }

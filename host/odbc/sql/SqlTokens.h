@@ -26,7 +26,8 @@ struct SqlToken {
     std::wstring_view text; // part of the statement
 };
 
-constexpr char kLessEqual = 'l', kGreaterEqual = 'g', kNotEqual = 'n';
+// Control characters, which no name holds: in a shape a letter would run into the name before it.
+constexpr char kLessEqual = '\x05', kGreaterEqual = '\x06', kNotEqual = '\x07';
 
 // Replaces `tokens` by those of the statement and a last one of the kind End. Throws StoreError for a text or
 // a name that does not end, and for a character that begins no token.

@@ -47,13 +47,13 @@ public:
                 finish();
                 return std::move(mStatement);
             }
-        throw StoreError("Invalid SQL statement; expected SELECT, INSERT, UPDATE, DELETE, CREATE TABLE or DROP TABLE.");
+        throw StoreError("Érvénytelen SQL-utasítás: SELECT, INSERT, UPDATE, DELETE, CREATE TABLE vagy DROP TABLE kell.");
     }
 
 private:
     void finish() {
         if (mCursor.accept(';') && mCursor.peek().kind != TokenKind::End)
-            throw StoreError("Characters found after the end of the SQL statement.");
+            throw StoreError("Az SQL-utasítás vége után is áll szöveg.");
         if (mCursor.peek().kind != TokenKind::End)
             mCursor.refuseSyntax();
     }
@@ -62,7 +62,7 @@ private:
         const std::string wanted = mCursor.name();
         mTable = mCatalogue.find(foldedName(wanted));
         if (mTable == nullptr)
-            throw StoreError("The database has no table " + wanted + ".");
+            throw StoreError("Az adatbázisban nincs ilyen tábla: " + wanted + ".");
         mStatement.table = mTable->key;
     }
 
@@ -88,7 +88,7 @@ private:
             mCursor.refuseSyntax();
         const SqlTypeRow* type = sqlType(mCursor.peek());
         if (type == nullptr)
-            throw StoreError("The column " + column.name + " has a type that is not known: " + shown(mCursor.peek()) + ".");
+            throw StoreError("Ismeretlen oszloptípus (" + column.name + "): " + shown(mCursor.peek()) + ".");
         mCursor.take();
         column.kind = type->kind;
         std::uint16_t size = type->defaultSize, scale = 0;
@@ -112,7 +112,7 @@ private:
             mCursor.refuseSyntax();
         const double value = numberOf(mCursor.take());
         if (!(value >= least && value <= most) || value != static_cast<int>(value))
-            throw StoreError("The size of a column is out of its bounds.");
+            throw StoreError("Egy oszlop mérete nem lehet ekkora.");
         return static_cast<std::uint16_t>(value);
     }
 
@@ -137,13 +137,19 @@ private:
         }
         if (!mCursor.accept(')'))
             refuseCount();
+        // A yes/no column has no null: what is left out is false.
+        for (std::size_t i = 0; i < mTable->table.columns.size(); ++i)
+            if (mTable->table.columns[i].kind == ColumnKind::Bool && std::find(columns.begin(), columns.end(), static_cast<int>(i)) == columns.end()) {
+                names = joined(names, columnSql(static_cast<int>(i)));
+                values = joined(values, "0");
+            }
         mStatement.sql = "INSERT INTO " + mTable->sqlName + "(" + names + ") VALUES(" + values + ")";
     }
 
     [[noreturn]] void refuseCount() const {
         if (!isSymbol(mCursor.peek(), ',') && !isSymbol(mCursor.peek(), ')'))
             mCursor.refuseSyntax();
-        throw StoreError("The number of values and the number of columns are not the same.");
+        throw StoreError("Az értékek és az oszlopok száma nem egyezik.");
     }
 
     std::vector<int> insertColumns() {
@@ -165,7 +171,7 @@ private:
     int target(std::vector<bool>& seen) {
         const int next = column();
         if (seen[static_cast<std::size_t>(next)])
-            throw StoreError("The column " + storeColumn(next).name + " is given two values.");
+            throw StoreError("Egy oszlop két értéket kapna: " + storeColumn(next).name + ".");
         seen[static_cast<std::size_t>(next)] = true;
         return next;
     }
@@ -190,7 +196,7 @@ private:
                 return columnSql(value.column);
         }
         if (column.kind != ColumnKind::Double || value.type != SqlValueType::Number)
-            throw StoreError("The column " + column.name + " can only be given a plain value.");
+            throw StoreError("Az oszlop csak egyszerű értéket kaphat: " + column.name + ".");
         return value.sql;
     }
 
@@ -318,7 +324,7 @@ private:
         } else if (value.type == SqlValueType::Text) {
             item.source.kind = ColumnKind::Memo;
         } else if (value.type != SqlValueType::Number) {
-            throw StoreError("A column of the SELECT is neither a number nor a text.");
+            throw StoreError("A SELECT egyik oszlopa se nem szám, se nem szöveg.");
         }
         return item;
     }
@@ -336,7 +342,7 @@ private:
         };
         const auto* row = std::find_if(std::begin(kRows), std::end(kRows), [this](const Row& r) { return isKeyword(mCursor.peek(), r.word); });
         if (row == std::end(kRows))
-            throw StoreError("The function " + shown(mCursor.peek()) + " is not known.");
+            throw StoreError("Ismeretlen függvény: " + shown(mCursor.peek()) + ".");
         mCursor.take();
         mCursor.expect('(');
         Item item{std::string(row->sql) + "(*)", {}, true, -1};
@@ -358,7 +364,7 @@ private:
     static void checkAggregates(const std::vector<Item>& items, bool ordered) {
         const auto count = static_cast<std::size_t>(std::count_if(items.begin(), items.end(), [](const Item& item) { return item.aggregate; }));
         if (count > 0 && (count < items.size() || ordered))
-            throw StoreError("The statement mixes single rows with a function over all of them.");
+            throw StoreError("Az utasítás egyes sorokat és az összes sorra vonatkozó függvényt kever.");
     }
 
     std::string orderBy(const std::vector<Item>& items, bool distinct) {
@@ -370,7 +376,7 @@ private:
             const int by = column();
             const bool given = std::any_of(items.begin(), items.end(), [by](const Item& item) { return item.column == by; });
             if (distinct && !given)
-                throw StoreError("ORDER BY names " + storeColumn(by).name + ", which SELECT DISTINCT does not give.");
+                throw StoreError("Az ORDER BY olyan oszlopot nevez meg, amelyet a SELECT DISTINCT nem ad: " + storeColumn(by).name + ".");
             const bool descending = mCursor.accept(L"DESC");
             if (!descending)
                 mCursor.accept(L"ASC");

@@ -26,11 +26,11 @@ CatalogueTable& Catalogue::add(const StoreTable& table) {
     entry->table = table;
     entry->key = foldedName(table.name);
     if (find(entry->key) != nullptr)
-        throw StoreError("The table " + table.name + " exists already.");
+        throw StoreError("A tábla már létezik: " + table.name + ".");
     for (const StoreColumn& column : table.columns) {
         std::string key = foldedName(column.name);
         if (entry->column(key) >= 0)
-            throw StoreError("The table " + table.name + " would have two columns " + column.name + ".");
+            throw StoreError("A táblának (" + table.name + ") két ilyen nevű oszlopa lenne: " + column.name + ".");
         entry->columnKeys.push_back(std::move(key));
     }
     entry->sqlName = "t" + std::to_string(++mMade);

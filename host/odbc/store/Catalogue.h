@@ -15,6 +15,11 @@ struct CatalogueTable {
     std::string key;                     // folded name
     std::string sqlName;
     std::int64_t rows = 0;
+    std::string fault;         // why the table cannot be used; empty where it can
+    std::string unchangeable;  // why it cannot be changed; empty where it can
+    std::vector<bool> sorted;  // columns whose texts need a place in the order of the file's indexes; empty: none
+    std::int64_t loaded = -1;  // rows that came from the file; -1: the table was made here
+    std::vector<bool> touched; // by loaded row: given other values
     std::vector<bool> indexed; // columns that have an index of SQLite's
 
     int column(std::string_view foldedName) const; // -1 where there is none

@@ -59,7 +59,7 @@ void ResultSet::add(const StoreCell& cell) {
     case StoreCell::Type::Text:
     case StoreCell::Type::Bytes:
         if (cell.bytes.size() > std::numeric_limits<std::uint32_t>::max())
-            throw StoreError("A field is larger than 4 GB.");
+            throw StoreError("Egy mező nagyobb, mint 4 GB.");
         kept.length = static_cast<std::uint32_t>(cell.bytes.size());
         kept.offset = mBytes.size();
         mBytes += cell.bytes;

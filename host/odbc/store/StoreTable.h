@@ -56,6 +56,9 @@ public:
     // One cell a column, in the table's order.
     virtual void row(std::span<const StoreCell> cells) = 0;
     virtual void endTable() = 0;
+    // Between beginTable and endTable, behind the rows: some of them are missing. One that can leave this table out and
+    // work on with the others does so; by itself it is thrown.
+    virtual void incomplete(const std::string& why);
 };
 
 // A fault of a store, with one clear sentence for the user (UTF-8). CDBException carries it on.

@@ -17,10 +17,10 @@ constexpr int kCurrencyScale = 4;
 constexpr double kMostCurrency = 922337203685477.5807;
 
 [[noreturn]] void refuseRange(const StoreColumn& column, const SqlToken& literal) {
-    throw StoreError("The value " + shown(literal) + " does not fit into the column " + column.name + ".");
+    throw StoreError("Az érték nem fér el az oszlopban (" + column.name + "): " + shown(literal) + ".");
 }
 [[noreturn]] void refuseKind(const StoreColumn& column, const SqlToken& literal) {
-    throw StoreError("The value " + shown(literal) + " is of a kind that the column " + column.name + " does not take.");
+    throw StoreError("Az oszlop (" + column.name + ") nem fogad ilyen fajta értéket: " + shown(literal) + ".");
 }
 
 // The text of the literal in `texts`.
@@ -63,7 +63,7 @@ std::size_t utf16Units(std::string_view utf8) {
 StoreCell textCell(const StoreColumn& column, const SqlToken& literal, std::string& texts) {
     const std::string_view text = textOf(literal, texts);
     if (column.kind == ColumnKind::Text && text.size() > column.size && utf16Units(text) > column.size)
-        throw StoreError("The text for the column " + column.name + " is longer than " + std::to_string(column.size) + " characters.");
+        throw StoreError("Az oszlop (" + column.name + ") szövege hosszabb, mint " + std::to_string(column.size) + " karakter.");
     return StoreCell::text(text);
 }
 

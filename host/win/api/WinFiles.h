@@ -14,6 +14,7 @@ constexpr DWORD ERROR_PATH_NOT_FOUND = 3; // a folder on the way is missing
 constexpr DWORD ERROR_ACCESS_DENIED = 5;
 constexpr DWORD ERROR_NO_MORE_FILES = 18;
 constexpr DWORD ERROR_WRITE_FAULT = 29;
+constexpr DWORD ERROR_SHARING_VIOLATION = 32; // somebody has the file open
 constexpr DWORD ERROR_FILE_EXISTS = 80;
 constexpr DWORD ERROR_INVALID_PARAMETER = 87;
 constexpr DWORD ERROR_ALREADY_EXISTS = 183;
@@ -31,6 +32,8 @@ DWORD GetFileAttributesW(LPCWSTR path);
 // One folder; its parent must stand. The second argument (security) must be null.
 BOOL CreateDirectoryW(LPCWSTR path, void* security);
 BOOL RemoveDirectoryW(LPCWSTR path); // an empty one
+// A file that is locked, by this program or another, or a database open in Access is not replaced, moved
+// or deleted: ERROR_SHARING_VIOLATION.
 BOOL CopyFileW(LPCWSTR from, LPCWSTR to, BOOL failIfExists);
 BOOL MoveFileW(LPCWSTR from, LPCWSTR to);
 BOOL DeleteFileW(LPCWSTR path);

@@ -1,6 +1,7 @@
 // Opening, locking and replacing the files of the built-in databases.
 #include "OdbcTestSupport.h"
 
+#include "AcFileUse.h"
 #include "AcPath.h"
 
 #include <filesystem>
@@ -53,10 +54,10 @@ int openStatus(const std::wstring& path, const wchar_t* word) {
 
 TEST(FileOpen, an_absent_file_and_a_folder_are_told) {
     const std::wstring folder = testTempDir();
-    EXPECT_NE(refusedOpen(folder + L"\\none.mdb").find(L"does not exist"), std::wstring::npos);
-    EXPECT_NE(refusedOpen(folder + L"\\none\\a.mdb").find(L"does not exist"), std::wstring::npos);
-    EXPECT_NE(refusedOpen(folder).find(L"folder"), std::wstring::npos);
-    EXPECT_NE(refusedOpen(L"/dev/null").find(L"no file"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(folder + L"\\none.mdb").find(L"nem létezik"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(folder + L"\\none\\a.mdb").find(L"nem létezik"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(folder).find(L"mappa"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(L"/dev/null").find(L"nem fájl"), std::wstring::npos);
 }
 
 TEST(FileOpen, junk_is_no_database_and_stays_as_it_is) {
@@ -82,7 +83,7 @@ TEST(FileOpen, a_file_with_a_password_or_encrypted_is_told_and_stays_as_it_is) {
     const std::wstring path = newDatabase();
     fill(path, 3);
     const std::string whole = fileBytes(path);
-    for (const auto& [offset, word] : {std::pair(std::size_t{0x42}, L"password"), std::pair(std::size_t{0x3E}, L"encrypted")}) {
+    for (const auto& [offset, word] : {std::pair(std::size_t{0x42}, L"jelszó"), std::pair(std::size_t{0x3E}, L"titkosított")}) {
         std::string changed = whole;
         changed[offset] ^= '\x5A';
         writeFile(path, changed);
@@ -101,7 +102,7 @@ TEST(FileOpen, a_file_without_rights_is_told_and_one_to_be_read_only_can_be_read
         return inChild([&] { return ::geteuid() == 0 && ::setuid(65534) != 0 ? 9 : action(); });
     };
     if (::geteuid() == 0) { // an owner has his rights
-        EXPECT_EQ(asNobody([&] { return openStatus(path, L"right"); }), 1);
+        EXPECT_EQ(asNobody([&] { return openStatus(path, L"incs jog"); }), 1);
     }
     ::chmod(file(path).c_str(), 0444);
     ::chmod(folder.c_str(), 0555);
@@ -114,7 +115,7 @@ TEST(FileOpen, a_file_without_rights_is_told_and_one_to_be_read_only_can_be_read
             database.ExecuteSQL(L"DELETE * FROM T");
             return 5;
         } catch (CDBException* error) {
-            const bool told = error->m_strError.text().find(L"right") != std::wstring::npos;
+            const bool told = error->m_strError.text().find(L"nincs jog") != std::wstring::npos;
             error->Delete();
             return told ? 1 : 2;
         }
@@ -149,8 +150,8 @@ TEST(FileOpen, a_read_only_connection_changes_nothing) {
 TEST(FileLock, a_second_connection_of_this_program_or_another_is_refused) {
     const std::wstring path = newDatabase();
     OpenDatabase database(path);
-    EXPECT_NE(refusedOpen(path).find(L"in use"), std::wstring::npos);
-    EXPECT_EQ(inChild([&] { return openStatus(path, L"in use"); }), 1);
+    EXPECT_NE(refusedOpen(path).find(L"használatban"), std::wstring::npos);
+    EXPECT_EQ(inChild([&] { return openStatus(path, L"használatban"); }), 1);
     database.ExecuteSQL(L"CREATE TABLE T (A NUMBER)");
     database.Close();
     EXPECT_EQ(inChild([&] { return openStatus(path, L""); }), 0);
@@ -170,7 +171,7 @@ TEST(FileLock, ends_with_the_process_that_held_it) {
     }
     char byte = 0;
     ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-    EXPECT_NE(refusedOpen(path).find(L"in use"), std::wstring::npos);
+    EXPECT_NE(refusedOpen(path).find(L"használatban"), std::wstring::npos);
     ::kill(holder, SIGKILL);
     ::waitpid(holder, nullptr, 0);
     OpenDatabase database(path);
@@ -229,7 +230,7 @@ TEST(FileClose, a_file_that_cannot_be_written_throws_once_and_stays) {
     OpenDatabase database(path);
     database.ExecuteSQL(L"DELETE * FROM T");
     std::filesystem::rename(folder, acToUtf8(moved));
-    EXPECT_NE(refusal([&] { database.Close(); }).find(L"a.mdb\" cannot be written"), std::wstring::npos);
+    EXPECT_NE(refusal([&] { database.Close(); }).find(L"nem írható"), std::wstring::npos);
     EXPECT_FALSE(database.IsOpen());
     database.Close();
     std::filesystem::rename(acToUtf8(moved), folder);
@@ -259,27 +260,35 @@ TEST(FileClose, a_record_too_long_for_the_format_is_told_under_the_file_s_own_na
     database.ExecuteSQL((L"CREATE TABLE T (" + columns + L")").c_str());
     database.ExecuteSQL((L"INSERT INTO T VALUES (" + values + L")").c_str());
     const std::wstring text = refusal([&] { database.Close(); });
-    EXPECT_NE(text.find(L"4,060 bytes"), std::wstring::npos);
+    EXPECT_NE(text.find(L"4060 bájt"), std::wstring::npos);
     EXPECT_EQ(text.find(L".tmp"), std::wstring::npos);
     EXPECT_EQ(fileBytes(path), before);
 }
 
-TEST(FileClose, what_a_killed_process_left_is_cleared_at_the_next_opening) {
+TEST(FileClose, what_a_killed_process_left_is_cleared_at_the_next_opening_and_nothing_of_others) {
     const std::wstring path = newDatabase();
-    const std::string left = file(path) + ".12345.tmp", foreign = file(path) + ".mine.tmp";
+    const std::string left = file(path) + ".korvant-12345.tmp", busy = file(path) + ".korvant-54321.tmp";
+    const std::vector<std::string> foreign{file(path) + ".mine.tmp", file(path) + ".2024.tmp", file(path) + ".korvant-x.tmp"};
     writeFile(acFromUtf8(left), "half");
-    writeFile(acFromUtf8(foreign), "mine");
+    writeFile(acFromUtf8(busy), "half");
+    for (const std::string& one : foreign)
+        writeFile(acFromUtf8(one), "mine");
+    const int writing = ::open(busy.c_str(), O_RDWR); // a program that is at work on it holds its lock
+    ASSERT_TRUE(acLockFile(writing, AcFileLock::Exclusive));
     OpenDatabase database(path);
     EXPECT_FALSE(std::filesystem::exists(left));
-    EXPECT_TRUE(std::filesystem::exists(foreign));
+    EXPECT_TRUE(std::filesystem::exists(busy));
+    for (const std::string& one : foreign)
+        EXPECT_TRUE(std::filesystem::exists(one)) << one;
+    ::close(writing);
 }
 
-TEST(Workbook, takes_tables_and_rows_and_nothing_else) {
+TEST(Workbook, takes_tables_rows_and_updates_and_nothing_else) {
     const std::wstring path = testTempDir() + L"\\a.xls";
     OpenDatabase database(path, excelConnect(path));
     database.ExecuteSQL(L"CREATE TABLE SETTINGS (NEV TEXT, ERTEK NUMBER)");
     database.ExecuteSQL(L"INSERT INTO SETTINGS (NEV,ERTEK) VALUES ('ő', 1.5)");
-    for (const wchar_t* sql : {L"SELECT * FROM SETTINGS", L"UPDATE SETTINGS SET NEV='a'", L"DELETE * FROM SETTINGS", L"DROP TABLE SETTINGS",
+    for (const wchar_t* sql : {L"SELECT * FROM SETTINGS", L"DELETE * FROM SETTINGS", L"DROP TABLE SETTINGS",
                                L"INSERT INTO NINCS (A) VALUES (1)", L"CREATE TABLE SETTINGS (A NUMBER)", L"CREATE TABLE [a/b] (A NUMBER)",
                                L"CREATE TABLE [12345678901234567890123456789012] (A NUMBER)", L"CREATE TABLE B (A LONGBINARY)"})
         refusal(database, sql);
@@ -307,15 +316,56 @@ TEST(Workbook, keeps_the_sheets_that_stood_in_it) {
     EXPECT_EQ(cells, "[('T1', [['NEV', 'ERTEK'], ['ő', 1.0], ['ű', 7.0]]), ('T2', [['NEV', 'ERTEK'], ['ő', 2.0]])]\n");
 }
 
-TEST(Workbook, the_row_behind_the_last_of_a_sheet_is_refused_and_the_others_stay) {
+TEST(Workbook, an_update_changes_the_rows_that_it_finds_also_when_it_is_opened_again) {
     const std::wstring path = testTempDir() + L"\\a.xls";
-    OpenDatabase database(path, excelConnect(path));
-    database.ExecuteSQL(L"CREATE TABLE T (A NUMBER)");
-    for (int i = 1; i <= 65535; ++i)
-        database.ExecuteSQL(L"INSERT INTO T VALUES (1)");
-    EXPECT_NE(refusal(database, L"INSERT INTO T VALUES (2)").find(L"65536"), std::wstring::npos);
-    database.Close();
-    EXPECT_TRUE(std::filesystem::exists(file(path)));
+    {
+        OpenDatabase database(path, excelConnect(path));
+        database.ExecuteSQL(L"CREATE TABLE T (ID NUMBER, OBJ_ID NUMBER, NEV TEXT, URES NUMBER, SZOVEG TEXT)");
+        database.ExecuteSQL(L"INSERT INTO T (ID,OBJ_ID,NEV) VALUES (1,2,'a')");
+        database.ExecuteSQL(L"INSERT INTO T (ID,OBJ_ID,NEV) VALUES (3,4,'b')");
+        database.ExecuteSQL(L"UPDATE T SET ID=10 WHERE ID=1 AND OBJ_ID=2");
+        database.ExecuteSQL(L"CREATE TABLE URES (A NUMBER, B TEXT, C DATETIME, D YESNO, E MEMO)");
+        database.Close();
+    }
+    {
+        OpenDatabase database(path, excelConnect(path));
+        database.ExecuteSQL(L"UPDATE T SET ID=30, URES=1.5, SZOVEG='7' WHERE ID=3 AND NEV='b'"); // the empty columns know what they take
+        refusal(database, L"UPDATE T SET URES='szöveg' WHERE ID=30");
+        database.ExecuteSQL((L"INSERT INTO URES VALUES (1,'b','2001-02-03',TRUE,'" + std::wstring(400, L'e') + L"')").c_str());
+        refusal(database, (L"INSERT INTO URES (B) VALUES ('" + std::wstring(400, L'e') + L"')").c_str());
+        database.Close();
+    }
+    const std::string cells = printed("LC_ALL=C.UTF-8 /usr/bin/python3 -c \"import xlrd,sys; b=xlrd.open_workbook(sys.argv[1]); "
+                                      "print([(s.name,[s.row_values(i) for i in range(1,s.nrows)]) for s in b.sheets()])\" '" + file(path) + "'");
+    EXPECT_EQ(cells, "[('T', [[10.0, 2.0, 'a', '', ''], [30.0, 4.0, 'b', 1.5, '7']]), ('URES', [[1.0, 'b', 36925.0, 1, '" + std::string(400, 'e') + "']])]\n");
+}
+
+TEST(Workbook, a_table_that_fills_its_sheet_goes_on_in_a_further_one_and_one_line_says_so) {
+    const std::wstring path = testTempDir() + L"\\a.xls";
+    std::wstring said;
+    {
+        OpenDatabase database(path, excelConnect(path));
+        database.ExecuteSQL(L"CREATE TABLE TABLA (ID NUMBER, NEV TEXT)");
+        database.ExecuteSQL(L"CREATE TABLE [TABLA 2] (A NUMBER)"); // the name is taken
+        for (int i = 1; i <= 140000; ++i)
+            database.ExecuteSQL(acFormat(L"INSERT INTO TABLA VALUES (%d,'x')", i).c_str());
+        const AcPrintSink before = acSetPrintSink([&](std::wstring_view text) { said += text; });
+        database.Close();
+        acSetPrintSink(before);
+    }
+    EXPECT_NE(said.find(L"\"TABLA 3\""), std::wstring::npos) << acToUtf8(said);
+    EXPECT_NE(said.find(L"\"TABLA 4\""), std::wstring::npos);
+    const std::string script = "LC_ALL=C.UTF-8 /usr/bin/python3 -c \"import xlrd,sys; b=xlrd.open_workbook(sys.argv[1]); "
+                               "print([(s.name,s.nrows,s.cell_value(0,0),s.cell_value(s.nrows-1,0)) for s in b.sheets()])\" '" + file(path) + "'";
+    const std::string sheets = "[('TABLA', 65536, 'ID', 65535.0), ('TABLA 3', 65536, 'ID', 131070.0), ('TABLA 4', 8931, 'ID', 140000.0), ('TABLA 2', 1, 'A', 'A')]\n";
+    EXPECT_EQ(printed(script), sheets);
+    { // opened again it is one table
+        OpenDatabase database(path, excelConnect(path));
+        database.ExecuteSQL(L"UPDATE TABLA SET ID=-1 WHERE ID=139999");
+        refusal(database, L"INSERT INTO [TABLA 3] VALUES (1,'x')");
+        database.Close();
+    }
+    EXPECT_EQ(printed(script), sheets);
 }
 
 TEST(Workbook, an_existing_file_is_locked_and_junk_is_refused) {

@@ -71,8 +71,9 @@ public:
             put16(column + 1, i);
             put16(column + 3, columns[i].fixed ? 0 : columns[i].place);
             put16(column + 5, i);
-            put16(column + 7, 1033);
-            put16(column + 9, columns[i].codePage);
+            put16(column + 7, 1);
+            put16(column + 9, 1033);
+            put16(column + 11, columns[i].codePage);
             column[13] = columns[i].fixed ? 3 : 2;
             put16(column + 14, columns[i].fixed ? columns[i].place : 0);
             put16(column + 16, columns[i].length);

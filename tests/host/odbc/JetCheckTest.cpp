@@ -1,5 +1,5 @@
 // The checker: each rule is broken once, and the checker must say which.
-#include "jet/JetCheck.h"
+#include "rules/JetCheck.h"
 #include "JetTestSupport.h"
 
 #include <gtest/gtest.h>

@@ -34,10 +34,10 @@ bool contains(const std::string& whole, const std::string& part) {
 } // namespace
 
 TEST(JetReader, no_such_file) {
-    EXPECT_EQ(readError("/no/such.mdb"), "There is no file \"/no/such.mdb\".");
+    EXPECT_EQ(readError("/no/such.mdb"), "A fájl nem létezik: \"/no/such.mdb\".");
 }
 TEST(JetReader, a_folder) {
-    EXPECT_EQ(readError("/tmp"), "\"/tmp\" is a folder, not a database file.");
+    EXPECT_EQ(readError("/tmp"), "Ez mappa, nem adatbázis: \"/tmp\".");
 }
 TEST(JetReader, no_right_to_read) {
     const std::string path = newFile();
@@ -47,18 +47,18 @@ TEST(JetReader, no_right_to_read) {
     ASSERT_EQ(root ? ::seteuid(65534) : 0, 0);
     const std::string error = readError(path);
     ASSERT_EQ(root ? ::seteuid(0) : 0, 0);
-    EXPECT_EQ(error, "There is no right to read the file \"" + path + "\".");
+    EXPECT_EQ(error, "Nincs jog a fájl olvasásához: \"" + path + "\".");
 }
 TEST(JetReader, a_pipe_does_not_hold_us_up) {
     const std::string path = newFile("pipe");
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-    EXPECT_EQ(readError(path), "\"" + path + "\" is no ordinary file.");
+    EXPECT_EQ(readError(path), "Ez nem fájl: \"" + path + "\".");
 }
 TEST(JetReader, files_of_another_kind) {
     for (const std::string& bytes :
          {std::string(), std::string("x"), std::string(10000, '\0'), std::string(10000, 'x')}) {
         const std::string path = fileOf(bytes);
-        EXPECT_EQ(readError(path), "The file \"" + path + "\" is no Access database.") << bytes.size();
+        EXPECT_EQ(readError(path), "Ez nem Access adatbázis: \"" + path + "\".") << bytes.size();
     }
 }
 TEST(JetReader, a_database_of_access_2007) {
@@ -66,7 +66,7 @@ TEST(JetReader, a_database_of_access_2007) {
     bytes.replace(0, 19, std::string("\0\1\0\0Standard ACE DB", 19));
     bytes[0x14] = 2;
     EXPECT_TRUE(contains(readError(fileOf(bytes)),
-                         "is a database of Access 2007 or later (.accdb); save it as .mdb in Access."));
+                         "Access 2007 vagy újabb formátumú (.accdb)"));
 }
 TEST(JetReader, a_file_with_a_password) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
@@ -74,7 +74,7 @@ TEST(JetReader, a_file_with_a_password) {
                              file.page(0)[header::kPassword] ^= 'p';
                              file.mask();
                          }),
-                         "is protected by a password; take it off in Access first."));
+                         "jelszó védi"));
 }
 TEST(JetReader, an_encrypted_file) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
@@ -82,16 +82,16 @@ TEST(JetReader, an_encrypted_file) {
                              put32(file.page(0) + header::kKey, 0x12345678);
                              file.mask();
                          }),
-                         "is encrypted; decode it in Access first."));
+                         "titkosított"));
 }
 
 TEST(JetReader, a_last_page_that_is_cut_off) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.bytes.resize(file.bytes.size() - 100); }),
-                         "is cut off: its last page is not whole."));
+                         "csonka, az utolsó lapja nem egész"));
 }
 TEST(JetReader, a_file_that_lacks_whole_pages) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.bytes.resize(file.bytes.size() - 3 * 4096); }),
-                         "is damaged: a usage map lists page"));
+                         "(a usage map lists page"));
 }
 TEST(JetReader, an_empty_list_of_pages_against_a_count_of_rows) {
     EXPECT_TRUE(
@@ -99,12 +99,12 @@ TEST(JetReader, an_empty_list_of_pages_against_a_count_of_rows) {
                      std::uint8_t* map = file.row(file.definition(file.tablePage("TABLA")).usedMap);
                      std::fill(map, map + usage::kRowSize, std::uint8_t{0});
                  }),
-                 "is damaged: the table \"TABLA\" says that it holds 300 rows, but its list of pages is empty."));
+                 "A tábla (TABLA) szerint 300 sora van, de csak 0 található."));
 }
 TEST(JetReader, a_count_of_rows_that_disagrees) {
     EXPECT_TRUE(contains(
         errorAfter([](FileBytes& file) { put32(file.page(file.tablePage("TABLA")) + definition::kRowCount, 301); }),
-        "the table \"TABLA\" says that it holds 301 rows, but 300 were found."));
+        "A tábla (TABLA) szerint 301 sora van, de csak 300 található."));
 }
 TEST(JetReader, a_page_that_is_missing_from_the_list) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
@@ -112,29 +112,29 @@ TEST(JetReader, a_page_that_is_missing_from_the_list) {
                              std::uint8_t* map = file.row(file.definition(file.tablePage("TABLA")).usedMap);
                              map[5 + page / 8] = static_cast<std::uint8_t>(map[5 + page / 8] & ~(1u << page % 8));
                          }),
-                         "says that it holds 300 rows, but "));
+                         "szerint 300 sora van, de csak "));
 }
 TEST(JetReader, a_column_of_an_unknown_type) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) { file.columnBytes("TABLA", "ID")[0] = 18; }),
-                         "The column \"ID\" of the table \"TABLA\" has a type that is not known here."));
+                         "A tábla (TABLA) egyik oszlopának típusa ismeretlen: ID."));
 }
 TEST(JetReader, a_definition_without_end) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
                              put32(file.page(file.tablePage("TABLA")) + definition::kNext, file.tablePage("TABLA"));
                          }),
-                         "has no end."));
+                         "has no end)."));
 }
 TEST(JetReader, a_row_that_makes_no_sense) {
     EXPECT_TRUE(contains(errorAfter([](FileBytes& file) {
                              const std::uint32_t row = file.rowPages("TABLA").front() << 8;
                              put16(file.row(row) + file.rowSize(row) - 4, 2000);
                          }),
-                         "makes no sense."));
+                         "makes no sense)."));
 }
 TEST(JetReader, a_long_value_that_is_broken_off) {
     const Table table{{"T", {column("M", ColumnKind::Memo)}}, {{std::string(9000, 'm')}}};
     const auto head = [](FileBytes& file) { return file.row(file.rowPages("T").front() << 8) + 2; };
-    EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file), 20000); }, table), "is damaged: "));
+    EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file), 20000); }, table), "("));
     EXPECT_TRUE(contains(errorAfter([&](FileBytes& file) { put32(head(file) + 4, file.tablePage("T") << 8); }, table),
                          "should hold rows and does not"));
     EXPECT_TRUE(

@@ -1,7 +1,7 @@
 #include "JetTestSupport.h"
 
 #include "TestSupport.h"
-#include "jet/JetCheck.h"
+#include "rules/JetCheck.h"
 #include "jet/JetDecoder.h"
 #include "jet/JetReader.h"
 #include "jet/JetRows.h"
@@ -252,6 +252,51 @@ std::uint8_t* FileBytes::columnBytes(const std::string& table, const std::string
             return page(found.page()) + found.columnsAt + i * definition::kColumnSize;
     ADD_FAILURE() << "no column " << column;
     return page(0);
+}
+
+namespace {
+std::string hexOf(const std::string& bytes) {
+    std::string out;
+    for (const char byte : bytes) {
+        char two[3];
+        std::snprintf(two, sizeof two, "%02x", static_cast<unsigned>(static_cast<unsigned char>(byte)));
+        out += two;
+    }
+    return out;
+}
+
+std::string peerLine(odbc::ColumnKind kind, const Cell& cell) {
+    using odbc::ColumnKind;
+    using odbc::StoreCell;
+    char line[48];
+    if (kind == ColumnKind::Bool)
+        return cell.integer != 0 ? "true" : "false";
+    if (cell.type == StoreCell::Type::Null)
+        return "null";
+    if (kind == ColumnKind::Guid) { // in small letters, without braces
+        std::string text = cell.bytes.substr(1, cell.bytes.size() - 2);
+        std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c >= 'A' && c <= 'F' ? static_cast<char>(c + 0x20) : c; });
+        return "text " + hexOf(text);
+    }
+    if (kind == ColumnKind::Date) {
+        std::snprintf(line, sizeof line, "date %.0f", (cell.real - 25569) * 86400000);
+        return line;
+    }
+    if (cell.type == StoreCell::Type::Integer || cell.type == StoreCell::Type::Real) {
+        const double value = cell.type == StoreCell::Type::Real ? cell.real : static_cast<double>(cell.integer);
+        std::snprintf(line, sizeof line, "number %016llx", static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(value)));
+        return line;
+    }
+    return (cell.type == StoreCell::Type::Bytes ? "bytes " : "text ") + hexOf(cell.bytes);
+}
+} // namespace
+
+std::string peerLines(const Table& table) {
+    std::string lines = "table " + hexOf(table.shape.name) + " " + std::to_string(table.rows.size()) + "\n";
+    for (const Row& row : table.rows)
+        for (std::size_t i = 0; i < row.size(); ++i)
+            lines += peerLine(table.shape.columns[i].kind, row[i]) + "\n";
+    return lines;
 }
 
 std::string runProgram(const std::string& command, int* status) {

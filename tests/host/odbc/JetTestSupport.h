@@ -92,6 +92,9 @@ public:
     std::vector<std::uint8_t> bytes;
 };
 
+// The table as jet-peer.mjs prints it: a line a value, doubles as their 64 bits, texts and bytes in hexadecimal.
+std::string peerLines(const Table& table);
+
 // Runs a program; what it wrote to standard output, nothing if it is not there. `status` gets its exit status.
 std::string runProgram(const std::string& command, int* status = nullptr);
 bool hasProgram(const std::string& name);

@@ -1,7 +1,7 @@
 #include "OdbcTestSupport.h"
 
 #include "AcPath.h"
-#include "jet/JetCheck.h"
+#include "rules/JetCheck.h"
 
 #include <fstream>
 #include <iterator>

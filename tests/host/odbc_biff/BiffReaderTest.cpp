@@ -269,7 +269,7 @@ TEST(BiffReader, a_sheet_of_nearly_nothing_but_room_is_refused) {
             try {
                 odbc::readBiffStream(book.stream(), "book.xls", sink);
             } catch (const odbc::StoreError& error) {
-                EXPECT_STREQ(error.what(), "The workbook 'book.xls' spans more empty cells than can be read.");
+                EXPECT_STREQ(error.what(), "A munkafüzetben túl sok az üres cella: \"book.xls\".");
                 throw;
             }
         },
@@ -281,28 +281,28 @@ TEST(BiffReader, a_sheet_of_nearly_nothing_but_room_is_refused) {
 
 TEST(BiffReaderFault, a_file_that_is_no_workbook_is_told) {
     const std::string folder = testTempPath();
-    EXPECT_EQ(faultOfFile(folder + "/none.xls"), "The workbook '" + folder + "/none.xls' does not exist.");
-    EXPECT_EQ(faultOfFile(folder), "The workbook '" + folder + "' is a folder.");
-    EXPECT_NE(faultOfFile(fileWith("")).find("is not a workbook."), std::string::npos);
-    EXPECT_NE(faultOfFile(fileWith("<html>table</html>")).find("is not a workbook."), std::string::npos);
+    EXPECT_EQ(faultOfFile(folder + "/none.xls"), "A munkafüzet nem létezik: \"" + folder + "/none.xls\".");
+    EXPECT_EQ(faultOfFile(folder), "Ez mappa, nem munkafüzet: \"" + folder + "\".");
+    EXPECT_NE(faultOfFile(fileWith("")).find("Ez nem munkafüzet"), std::string::npos);
+    EXPECT_NE(faultOfFile(fileWith("<html>table</html>")).find("Ez nem munkafüzet"), std::string::npos);
     EXPECT_NE(faultOfFile(fileWith("PK\x03\x04 and so on")).find(".xlsx"), std::string::npos);
-    EXPECT_NE(faultOfFile(fileWith(container(u"WordDocument", "text"))).find("is not a workbook."), std::string::npos);
-    EXPECT_NE(faultOfFile(fileWith(container(u"Book", "old"))).find("before Excel 97"), std::string::npos);
-    EXPECT_NE(faultOfFile(fileWith(container(u"EncryptedPackage", "x"))).find("password-protected"), std::string::npos);
+    EXPECT_NE(faultOfFile(fileWith(container(u"WordDocument", "text"))).find("Ez nem munkafüzet"), std::string::npos);
+    EXPECT_NE(faultOfFile(fileWith(container(u"Book", "old"))).find("Excel 97 előtti"), std::string::npos);
+    EXPECT_NE(faultOfFile(fileWith(container(u"EncryptedPackage", "x"))).find("jelszó védi"), std::string::npos);
 }
 
 TEST(BiffReaderFault, a_locked_workbook_is_told) {
     StreamMaker book;
     book.global(0x002F, Bytes().u16(1).raw(std::string(52, 'k')));
     book.sheet("S");
-    EXPECT_EQ(fault(book.stream()), "The workbook 'book.xls' is password-protected.");
-    EXPECT_NE(faultOfFile(fileWith(container(u"WORKBOOK", book.stream()))).find("is password-protected."), std::string::npos);
+    EXPECT_EQ(fault(book.stream()), "A munkafüzetet jelszó védi: \"book.xls\".");
+    EXPECT_NE(faultOfFile(fileWith(container(u"WORKBOOK", book.stream()))).find("jelszó védi"), std::string::npos);
 }
 
 TEST(BiffReaderFault, an_older_version_is_told) {
     std::string stream = StreamMaker().stream();
     stream[5] = 5;
-    EXPECT_NE(fault(stream).find("before Excel 97"), std::string::npos);
+    EXPECT_NE(fault(stream).find("Excel 97 előtti"), std::string::npos);
 }
 
 TEST(BiffReaderFault, records_that_lie_are_told) {
@@ -347,8 +347,8 @@ TEST(BiffReaderFault, a_container_that_lies_is_told) {
     EXPECT_EQ(faultOfFile(fileWith(circle)), "");
     std::string cut = sound;
     cut[512 + 2 * 4] = '\xFE', cut[512 + 2 * 4 + 1] = cut[512 + 2 * 4 + 2] = cut[512 + 2 * 4 + 3] = '\xFF';
-    EXPECT_NE(faultOfFile(fileWith(cut)).find("is damaged: it ends before its workbook does."), std::string::npos);
-    EXPECT_NE(faultOfFile(fileWith(sound.substr(0, sound.size() - 1024))).find("is damaged"), std::string::npos);
+    EXPECT_NE(faultOfFile(fileWith(cut)).find("sérült (it ends before its workbook does)"), std::string::npos);
+    EXPECT_NE(faultOfFile(fileWith(sound.substr(0, sound.size() - 1024))).find("sérült"), std::string::npos);
     std::string directoryCircle = sound;
     directoryCircle[512 + 4] = 1, directoryCircle[513 + 4] = directoryCircle[514 + 4] = directoryCircle[515 + 4] = 0;
     EXPECT_NE(faultOfFile(fileWith(directoryCircle)).find("the tables of its sectors cannot be read"), std::string::npos);

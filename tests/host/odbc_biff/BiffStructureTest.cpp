@@ -202,49 +202,49 @@ TEST(BiffStructure, the_container_walker_tells_a_broken_chain) {
 
 // ---- what a sheet cannot hold ------------------------------------------------------------------
 
-TEST(BiffWriter, the_65537th_row_is_refused) {
+TEST(BiffWriter, the_65537th_row_begins_a_further_sheet) {
     Table table{{"TABLA", {number("ID")}}, {}};
     table.rows.assign(65535, {1.0});
     EXPECT_EQ(refusal({table}), "");
     table.rows.push_back({1.0});
-    EXPECT_EQ(refusal({table}), "The table 'TABLA' has more rows than a sheet of a workbook can hold (65,535).");
+    EXPECT_EQ(refusal({table}), "");
 }
 
 TEST(BiffWriter, names_that_no_sheet_may_have_are_refused) {
     const auto named = [](const std::string& name) { return refusal({{{name, {number("ID")}}, {}}}); };
     const std::string letters31 = "őőőőőőőőőőőőőőőőőőőőőőőőőőőőőőő";
     EXPECT_EQ(named(letters31), "");
-    EXPECT_NE(named(letters31 + "x").find("longer than 31 characters"), std::string::npos);
+    EXPECT_NE(named(letters31 + "x").find("hosszabb, mint 31 karakter"), std::string::npos);
     for (const char* name : {"a/b", "a\\b", "a?", "*", "[a", "a]", "a:b", "a\nb"})
-        EXPECT_NE(named(name).find("characters \\ / ? * [ ] :"), std::string::npos) << name;
-    EXPECT_NE(named("").find("no name"), std::string::npos);
-    EXPECT_NE(named("'a").find("apostrophe"), std::string::npos);
-    EXPECT_NE(named("a'").find("apostrophe"), std::string::npos);
+        EXPECT_NE(named(name).find("ezek egyike áll: \\ / ? * [ ] :"), std::string::npos) << name;
+    EXPECT_NE(named("").find("nincs neve"), std::string::npos);
+    EXPECT_NE(named("'a").find("aposztróf"), std::string::npos);
+    EXPECT_NE(named("a'").find("aposztróf"), std::string::npos);
     EXPECT_EQ(named("a'b"), "");
     EXPECT_NE(named("History").find("History"), std::string::npos);
     const Table upper{{"ŐRZŐ", {number("ID")}}, {}}, lower{{"őrző", {number("ID")}}, {}};
-    EXPECT_NE(refusal({upper, lower}).find("another sheet has its name"), std::string::npos);
+    EXPECT_NE(refusal({upper, lower}).find("már van ilyen nevű munkalap"), std::string::npos);
 }
 
 TEST(BiffWriter, columns_that_a_sheet_cannot_hold_are_refused) {
     Table table{{"T", {}}, {}};
-    EXPECT_NE(refusal({table}).find("1 to 256 columns"), std::string::npos);
+    EXPECT_NE(refusal({table}).find("1–256 oszlopa"), std::string::npos);
     for (int i = 0; i < 257; ++i)
         table.shape.columns.push_back(number("C" + std::to_string(i)));
-    EXPECT_NE(refusal({table}).find("1 to 256 columns"), std::string::npos);
+    EXPECT_NE(refusal({table}).find("1–256 oszlopa"), std::string::npos);
     table.shape.columns = {column("KEP", ColumnKind::Ole)};
-    EXPECT_EQ(refusal({table}), "The column 'KEP' of the table 'T' holds bytes, which a workbook cannot hold.");
+    EXPECT_EQ(refusal({table}), "A tábla (T) oszlopa (KEP) bájtokat tartalmaz, amit munkafüzet nem tárolhat.");
 }
 
 TEST(BiffWriter, values_that_a_cell_cannot_hold_are_refused) {
     const auto with = [](Value value) { return refusal({{{"T", {column("A", ColumnKind::Memo)}}, {{std::move(value)}}}}); };
-    EXPECT_NE(with(std::numeric_limits<double>::infinity()).find("not finite"), std::string::npos);
-    EXPECT_NE(with(std::numeric_limits<double>::quiet_NaN()).find("not finite"), std::string::npos);
-    EXPECT_NE(with("\xC3").find("no Unicode"), std::string::npos);
-    EXPECT_NE(with("\xED\xA0\x80").find("no Unicode"), std::string::npos); // half a pair
+    EXPECT_NE(with(std::numeric_limits<double>::infinity()).find("nem véges"), std::string::npos);
+    EXPECT_NE(with(std::numeric_limits<double>::quiet_NaN()).find("nem véges"), std::string::npos);
+    EXPECT_NE(with("\xC3").find("nem Unicode"), std::string::npos);
+    EXPECT_NE(with("\xED\xA0\x80").find("nem Unicode"), std::string::npos); // half a pair
     EXPECT_EQ(with(std::string(32767, 'a')), "");
-    EXPECT_NE(with(std::string(32768, 'a')).find("32,767"), std::string::npos);
-    EXPECT_NE(refusal({{{"T", {column("A", ColumnKind::Currency)}}, {{"12x"}}}}).find("cannot be read"), std::string::npos);
+    EXPECT_NE(with(std::string(32768, 'a')).find("32767"), std::string::npos);
+    EXPECT_NE(refusal({{{"T", {column("A", ColumnKind::Currency)}}, {{"12x"}}}}).find("olvashatatlan"), std::string::npos);
 }
 
 TEST(BiffWriter, numbers_that_the_format_lacks_become_0) {
@@ -275,9 +275,9 @@ TEST(BiffWriter, a_full_disk_and_a_missing_folder_are_told) {
         }
         return std::string();
     };
-    EXPECT_EQ(at("/dev/full"), "The workbook '/dev/full' cannot be written: the disk is full or fails.");
+    EXPECT_EQ(at("/dev/full"), "A munkafüzet nem írható, mert a lemez megtelt vagy hibás: \"/dev/full\".");
     const std::string missing = testTempPath() + "/no/such.xls";
-    EXPECT_EQ(at(missing), "The workbook '" + missing + "' cannot be created: its folder is missing or cannot be written.");
+    EXPECT_EQ(at(missing), "A munkafüzet nem hozható létre, mert a mappája hiányzik vagy nem írható: \"" + missing + "\".");
 }
 
 TEST(BiffWriter, calls_out_of_order_are_the_callers_fault) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "JetCheck.h"
-#include "JetFile.h"
+#include "jet/JetFile.h"
 
 #include <map>
 #include <optional>

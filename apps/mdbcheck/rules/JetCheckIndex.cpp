@@ -1,7 +1,7 @@
 #include "JetCheckIndex.h"
 
-#include "JetCollation.h"
-#include "JetDecoder.h"
+#include "CheckWeights.h"
+#include "jet/JetDecoder.h"
 #include "store/StoreText.h"
 
 #include <algorithm>
@@ -19,9 +19,9 @@ std::uint32_t bigEndian(const std::uint8_t* at) {
 // Reads the key of a text backwards, as it were: each weight must be that of the text's next
 // character. Moves `key` behind the text. Nothing where a character's weight is not known here.
 std::optional<bool> takesText(std::span<const std::uint8_t>& key, const std::u16string& text) {
-    std::vector<SortWeight> weights;
+    std::vector<CheckWeight> weights;
     for (const char16_t c : text.substr(0, kMaxTextLength)) {
-        weights.push_back(sortWeightOf(c));
+        weights.push_back(checkWeightOf(c));
         if (!weights.back().known())
             return std::nullopt;
     }
@@ -29,11 +29,11 @@ std::optional<bool> takesText(std::span<const std::uint8_t>& key, const std::u16
     const auto takes = [&](std::uint8_t byte) { return at < key.size() && key[at++] == byte; };
     std::vector<std::uint8_t> accents;
     bool anyLast = false;
-    for (const SortWeight& weight : weights) {
-        anyLast = anyLast || weight.last != 0;
-        if (weight.last != 0)
+    for (const CheckWeight& weight : weights) {
+        anyLast = anyLast || weight.atTheEnd != 0;
+        if (weight.atTheEnd != 0)
             continue;
-        if (!takes(weight.weight) || (weight.extra != 0 && !takes(weight.extra)))
+        if ((weight.letter > 0xFF && !takes(static_cast<std::uint8_t>(weight.letter >> 8))) || !takes(static_cast<std::uint8_t>(weight.letter)))
             return false;
         accents.push_back(weight.accent);
     }
@@ -48,13 +48,13 @@ std::optional<bool> takesText(std::span<const std::uint8_t>& key, const std::u16
         if (!takes(1) || !takes(1) || !takes(1))
             return false;
         std::size_t place = 0;
-        for (const SortWeight& weight : weights) {
-            if (weight.last == 0) {
+        for (const CheckWeight& weight : weights) {
+            if (weight.atTheEnd == 0) {
                 ++place;
                 continue;
             }
             if (at + 4 > key.size() || ((key[at] << 8 | key[at + 1]) & 0x7FFF) != static_cast<int>(7 + 4 * place) ||
-                key[at + 2] != 6 || key[at + 3] != weight.last)
+                key[at + 2] != 6 || key[at + 3] != weight.atTheEnd)
                 return false;
             at += 4;
         }

@@ -1,8 +1,7 @@
 #include "JetCheck.h"
 
 #include "JetCheckIndex.h"
-#include "JetDecoder.h"
-#include "JetInternal.h"
+#include "jet/JetDecoder.h"
 #include "store/StoreTable.h"
 
 #include <functional>
@@ -143,7 +142,9 @@ void Checker::checkTable(const Object& object) {
     if (!table->checkDefinitionAndRows())
         return;
     const bool system = table->definition().tableType == definition::kSystemTable;
-    if (system != ((object.flags & kSystemObject) != 0))
+    // Access keeps what belongs to its newer column types in users' tables with flags of their own.
+    const bool plain = (object.flags & ~(kSystemObject | kSystemObjectOfAccess)) == 0;
+    if (system != ((object.flags & kSystemObject) != 0) && (system || plain))
         m_context.report(object.id, "The definition and the catalogue do not agree whether \"" + object.name +
                                         "\" is a system table.");
     m_tables.push_back(std::move(table));

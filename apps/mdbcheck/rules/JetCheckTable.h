@@ -2,7 +2,7 @@
 #pragma once
 
 #include "JetCheckContext.h"
-#include "JetDefinition.h"
+#include "jet/JetDefinition.h"
 
 namespace odbc::jet {
 

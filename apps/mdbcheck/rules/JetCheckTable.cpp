@@ -1,6 +1,6 @@
 #include "JetCheckTable.h"
 
-#include "JetDecoder.h"
+#include "jet/JetDecoder.h"
 #include "store/StoreTable.h"
 
 #include <algorithm>
@@ -153,7 +153,7 @@ void JetCheckTable::checkColumn(const JetColumn& column) {
     if (type == ColumnType::Numeric) {
         if ((column.detail & 0xFF) < 1 || (column.detail & 0xFF) > 28 || column.detail >> 8 > (column.detail & 0xFF))
             report(m_page, what + " has an impossible precision or scale.");
-    } else if (column.detail != get16(m_context->file().headerPage().at(header::kSortOrder))) {
+    } else if ((type == ColumnType::Text || type == ColumnType::Memo) && column.detail != get16(m_context->file().headerPage().at(header::kSortOrder))) {
         report(m_page, what + " has the sort order " + std::to_string(column.detail) + ", not that of the database.");
     }
 }
@@ -265,7 +265,8 @@ void JetCheckTable::checkRows() {
          m_context->mapPages(m_definition.freeMap, m_page, "the map of room in the table " + quoted()))
         if (!used.contains(page))
             report(page, "The page is said to have room for the table " + quoted() + ", but does not belong to it.");
-    if (count != m_definition.rowCount)
+    // Access lets the count of its own tables lag; what it counts must be there.
+    if (m_definition.tableType == definition::kSystemTable ? count < m_definition.rowCount : count != m_definition.rowCount)
         report(m_page, "The table " + quoted() + " says that it has " + std::to_string(m_definition.rowCount) +
                            " rows, but there are " + std::to_string(count) + ".");
 }
@@ -340,8 +341,6 @@ bool JetCheckTable::checkRow(std::uint32_t page, std::size_t number, std::span<c
         }
         before = offset;
     }
-    if (before != end - 4 - 2 * count)
-        report(page, what + "has bytes between its values and its table of offsets.");
     for (const JetColumn& column : m_definition.columns) {
         const auto bytes = value(row, column);
         if (bytes && column.is(ColumnType::Text))

@@ -17,4 +17,10 @@ struct JetViolation {
 // StoreError where the file cannot be opened or is no Jet 4 file.
 std::vector<JetViolation> checkJet(const std::string& path);
 
+namespace jet {
+class JetFile;
+// The same of a file of Jet 4 that is open.
+std::vector<JetViolation> checkRules(const JetFile& file);
+} // namespace jet
+
 } // namespace odbc
