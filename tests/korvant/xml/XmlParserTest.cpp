@@ -44,6 +44,12 @@ TEST(XmlParser, an_empty_file_gives_code_2_and_an_empty_handle) {
     EXPECT_EQ(result.code, 2);
 }
 
+TEST(XmlParser, a_file_of_one_character_is_read_as_text) {
+    XmlParseResult result;
+    EXPECT_TRUE(openDocument(writeBytes("x"), L"a", &result).isEmpty());
+    EXPECT_EQ(result.code, 3);
+}
+
 TEST(XmlParser, a_missing_file_gives_code_12) {
     XmlParseResult result;
     EXPECT_TRUE(openDocument(testTempDir() + L"/none.xml", L"a", &result).isEmpty());
