@@ -14,10 +14,11 @@ list=(-c 'FILERLIST ALL' -c '' -c 'DRAWLIST ALL' -c '' -c 'GRIPLIST ALL' -c '')
 use=(-c 'CANNOSCALE 1:200' "${list[@]}" -c KVST -c '@show' -c '@click IDC_BUTT_ALL' -c '@ok' "${list[@]}"
   -c 'SELECT 0,0' -c '' -c KVT -c '@show' -c '@tab "Táblák"' -c '@show' -c '@select 217 0' -c '@show' -c '@select 212 "Letakart"' -c '@ok'
   -c 'SELECT 60,0' -c '' -c KVT -c '@show' -c '@ok' -c 'CANNOSCALE 1:1000' "${list[@]}"
-  -c KVELL -c @ok -c U -c U "${list[@]}" -c 'COPY ALL' -c '' -c 0,0 -c 100,0 -c '' -c "SAVEAS $PWD/used.dwg" -c "OPEN $PWD/used.dwg" "${list[@]}" -c COUNT)
+  -c KVELL -c @ok -c U -c U "${list[@]}" -c 'COPY ALL' -c '' -c 0,0 -c 100,0 -c '' -c "SAVEAS $PWD/used.dwg" -c CLOSE -c "OPEN $PWD/used.dwg" "${list[@]}" -c COUNT)
 used() { # NAME: what was printed from the use on
   sed -n '/CANNOSCALE 1:200/,$p' printed | sed -E 's/handle [0-9A-F]+//; s/(PointerId|OwnershipId) [0-9A-F]+/\1/' >"$1"
   [ -s "$1" ] || fail "$1: nothing was used"
+  rm -f used.dwg
 }
 run 0 --new "${place[@]}" "${use[@]}"
 used plain
