@@ -6,7 +6,7 @@
 #include "AcGiReceivers.h"
 #include "AcUtText.h"
 #include "AfxDialogDriver.h"
-#include "CTrfcSignsARXApp.h"
+#include "TrfcClasses.h"
 #include "TrfcBlockLoader.h"
 #include "TrfcDocSettings.h"
 #include "TrfcDrawingUtils.h"
@@ -248,7 +248,7 @@ void checkOrderOfFaultyPosts(benchmark::State& state) {
 void changeStateOfPosts(benchmark::State& state) {
     AcDbDatabase& database = drawing();
     auto data = std::make_unique<TrfcStateChangeData>();
-    data->postExistingToBeRemoved = data->signExistingToBeRemoved = true;
+    data->post.existingToBeRemoved = data->sign.existingToBeRemoved = true;
     setStateChangeData(std::move(data));
     for (auto _ : state) {
         database.startUndoRecord();
@@ -283,9 +283,7 @@ BENCHMARK(openPosts)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv) {
     setDefaults();
     acSetPrintSink([](std::wstring_view) {});
-    for (AcRxClassRow row : trfcClassRows())
-        row.rxInit();
-    acrxBuildClassHierarchy();
+    registerTrfcClasses();
     AfxInitToolkit(true);
     registerModuleResources();
     benchmark::Initialize(&argc, argv);

@@ -10,6 +10,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -90,132 +91,41 @@ int versionOf(Table& table) {
     return acWtoi(valueOf(table, VERSION_NUMBER).c_str());
 }
 
-// A key that takes this value when the file is older than the version.
-struct Migration {
-    int below;
-    const ACHAR* key;
-    const ACHAR* value;
-};
-constexpr Migration kAppMigrations[] = {
-    {3, APP_TABLES_COMPL_DIR, L""},
-    {7, APP_POSTS_BASE_PATH, L""},
-};
-constexpr Migration kDefaultsMigrations[] = {
-    {2, DOC_POST_OVERLAP_ERR, L"0.001000"},
-    {2, DOC_USE_GRAYSCALE_TABLES, L"0"},
-    {3, DOC_AUTO_ORDER_TABLES, L"1"},
-    {5, DOC_POST_DEFAULT_TYPE, L"0"},
-    {5, DOC_CROSSWALK_DEFAULT_TYPE, L"0"},
-    {7, DOC_POST_DEFAULT_DWG, L"Oszlopok\\Jelzőoszlop.dwg"},
-    {7, DOC_POST_ALIEN_DWG, L"Oszlopok\\Idegen oszlop.dwg"},
-    {5, DOC_BLOCK_DEFAULT_TYPE, L"0"},
-    {6, DOC_BLOCK_ENT_DEFAULT_TYPE, L"0"},
-    {5, DOC_USE_WHITESCALE_TABLES, L"0"},
-    {5, DOC_USE_OTHER_COLOR_TABLES, L"0"},
-    {6, DOC_ANNO_MIN_DIST, L"0.020000"},
-    {6, DOC_ANNO_HEIGHT, L"0.002500"},
-    {6, DOC_ANNO_COLOR, L"256"},
-    {6, DOC_ANNO_TYPE, L"Standard"},
-    {6, DOC_ANNO_LINE_COLOR, L"256"},
-    {6, DOC_ANNO_LINE_TYPE, L"ByLayer"},
-    {6, DOC_ANNO_LINE_WEIGHT, L"-1"},
-};
-
-template <std::size_t N> void migrate(Table& table, const Migration (&rules)[N]) {
+// A key of a file older than the version that brought it takes the installed value.
+void migrate(Table& table, std::span<const TrfcSetting> settings) {
     const int version = versionOf(table);
-    for (const Migration& rule : rules)
-        if (version < rule.below)
-            table[rule.key] = rule.value;
+    for (const TrfcSetting& setting : settings)
+        if (version < setting.since)
+            table[setting.key] = setting.value;
 }
 
 // ---- writing ------------------------------------------------------------------------------
 
-// A row of a file: a section heading, or a key with the key whose value is written under it.
-struct FileRow {
-    const ACHAR* section;
-    const ACHAR* key;
-    const ACHAR* valueKey;
-};
-constexpr FileRow section(const ACHAR* name) {
-    return {name, nullptr, nullptr};
+// The choice of the user interface counts from the next start: its working copy is what is written.
+const ACHAR* valueKeyOf(const TrfcSetting& setting) {
+    return acutWcscmp(setting.key, USER_INTERFACE_TYPE) == 0 ? USER_INTERFACE_TYPE_TEMP : setting.key;
 }
-constexpr FileRow row(const ACHAR* key) {
-    return {nullptr, key, key};
-}
-constexpr FileRow kAppRows[] = {
-    section(L"defaults"),
-    row(DEFAULTS_INI_PATH),
-    section(L"block library"),
-    row(APP_SYMBOL_BASE_PATH),
-    row(APP_POSTS_BASE_PATH),
-    row(APP_TABLES_BASE_PATH),
-    row(APP_TABLES_COMPL_DIR),
-    row(APP_LAMPS_BASE_PATH),
-    row(APP_BLOCK_BASE_PATH),
-    row(APP_TABLES_UNIQ_DIR),
-    row(APP_TEMP_DIR_PATH),
-    section(L"ui"),
-    {nullptr, USER_INTERFACE_TYPE, USER_INTERFACE_TYPE_TEMP}, // the choice counts from the next start
-    section(L"block view size"),
-    row(BLOCK_VIEW_SIZE),
-};
-constexpr FileRow kDefaultsRows[] = {
-    section(L"scale"),
-    row(DOC_SCALE_LIST),
-    row(DOC_CURRENT_SCALE),
-    section(L"post measure"),
-    row(DOC_BASEPOINTD),
-    row(DOC_POST_ALPHA0),
-    row(DOC_POST_MIN_AB),
-    row(DOC_POST_MIN_CD),
-    row(DOC_POST_OVERLAP_ERR),
-    row(DOC_POST_DEFAULT_TYPE),
-    row(DOC_POST_DEFAULT_DWG),
-    row(DOC_POST_ALIEN_DWG),
-    section(L"post annotation measure"),
-    row(DOC_ANNO_MIN_DIST),
-    row(DOC_ANNO_HEIGHT),
-    row(DOC_ANNO_COLOR),
-    row(DOC_ANNO_TYPE),
-    row(DOC_ANNO_LINE_COLOR),
-    row(DOC_ANNO_LINE_TYPE),
-    row(DOC_ANNO_LINE_WEIGHT),
-    section(L"block measure"),
-    row(DOC_EXISTING_TABLE_D),
-    row(DOC_PLANNED_TABLE_D),
-    row(DOC_EXISTING_LAMP_D),
-    row(DOC_PLANNED_LAMP_D),
-    row(DOC_BLOCK_DEFAULT_TYPE),
-    row(DOC_BLOCK_ENT_DEFAULT_TYPE),
-    section(L"block color"),
-    row(DOC_USE_OTHER_COLOR_TABLES),
-    row(DOC_USE_GRAYSCALE_TABLES),
-    row(DOC_USE_WHITESCALE_TABLES),
-    section(L"table order"),
-    row(DOC_AUTO_ORDER_TABLES),
-    section(L"crosswalk measure"),
-    row(DOC_CROSSWALK_DEFAULT_TYPE),
-};
 
 // A path so full of foreign letters that its line would be read in pieces is left out: the key then reads as not
 // set, which every reader has a rule for, where a piece of a path would be a path to nowhere.
-std::wstring lineOf(const FileRow& item, const std::wstring& value) {
+std::wstring lineOf(const ACHAR* key, const std::wstring& value) {
     const std::wstring text = toIniText(value);
-    const bool isTooLong = text != value && std::wcslen(item.key) + 1 + text.size() > kLineBuffer - 2;
-    return std::wstring(item.key) + L"=" + (isTooLong ? std::wstring() : text) + L"\n";
+    const bool isTooLong = text != value && std::wcslen(key) + 1 + text.size() > kLineBuffer - 2;
+    return std::wstring(key) + L"=" + (isTooLong ? std::wstring() : text) + L"\n";
 }
 
-template <std::size_t N> bool writeTable(const std::wstring& path, Table& table, const FileRow (&rows)[N]) {
+bool writeTable(const std::wstring& path, Table& table, std::span<const TrfcSetting> settings) {
     WinTextFile file;
     if (!file.open(path.c_str(), L"w"))
         return false;
     file.puts(L"[version]\n");
     file.printf(L"VERSION_NUMBER=%d\n", kFileVersion);
-    for (const FileRow& item : rows) {
-        if (item.section != nullptr)
-            file.printf(L"\n[%s]\n", item.section);
-        else
-            file.puts(lineOf(item, valueOf(table, item.valueKey)));
+    std::wstring_view section;
+    for (const TrfcSetting& setting : settings) {
+        if (section != setting.section)
+            file.printf(L"\n[%s]\n", setting.section);
+        section = setting.section;
+        file.puts(lineOf(setting.key, valueOf(table, valueKeyOf(setting))));
     }
     return file.close();
 }
@@ -251,27 +161,27 @@ bool TrfcAppSettings::loadAppSettings(const std::wstring& path) {
     store().substitutes.clear();
     if (!readTable(path, table))
         return false;
-    migrate(table, kAppMigrations);
-    table[USER_INTERFACE_TYPE_TEMP] = valueOf(table, USER_INTERFACE_TYPE);
+    migrate(table, trfcAppSettings());
+    valueOf(table, USER_INTERFACE_TYPE_TEMP) = valueOf(table, USER_INTERFACE_TYPE);
     return true;
 }
 
 bool TrfcAppSettings::saveAppSettings(const std::wstring& path) {
-    return writeTable(path, store().app, kAppRows);
+    return writeTable(path, store().app, trfcAppSettings());
 }
 
 bool TrfcAppSettings::loadDocDefaults(const std::wstring& path) {
     Table& table = store().defaults;
     if (!readTable(path, table))
         return false;
-    migrate(table, kDefaultsMigrations);
+    migrate(table, trfcDocSettings());
     // Annotation scales are the source of truth: a list in the file must never reach a drawing.
-    table[DOC_SCALE_LIST].clear();
+    valueOf(table, DOC_SCALE_LIST).clear();
     return true;
 }
 
 bool TrfcAppSettings::saveDocDefaults(const std::wstring& path) {
-    return writeTable(path, store().defaults, kDefaultsRows);
+    return writeTable(path, store().defaults, trfcDocSettings());
 }
 
 const std::wstring& TrfcAppSettings::getAppString(const ACHAR* key) {

@@ -2,53 +2,9 @@
 // drawing-defaults table (defaults.ini). Process-wide; main thread only; text keys and values.
 #pragma once
 
-#include "AcAdesk.h"
+#include "TrfcSettings.h"
 
 #include <string>
-
-// ---- keys of the application table
-inline constexpr const ACHAR* VERSION_NUMBER = L"VERSION_NUMBER";
-inline constexpr const ACHAR* DEFAULTS_INI_PATH = L"DEFAULTS_INI_PATH";
-inline constexpr const ACHAR* APP_SYMBOL_BASE_PATH = L"APP_SYMBOL_BASE_PATH";
-inline constexpr const ACHAR* APP_POSTS_BASE_PATH = L"APP_POSTS_BASE_PATH";
-inline constexpr const ACHAR* APP_TABLES_BASE_PATH = L"APP_TABLES_BASE_PATH";
-inline constexpr const ACHAR* APP_TABLES_COMPL_DIR = L"APP_TABLES_COMPL_DIR";
-inline constexpr const ACHAR* APP_LAMPS_BASE_PATH = L"APP_LAMPS_BASE_PATH";
-inline constexpr const ACHAR* APP_BLOCK_BASE_PATH = L"APP_BLOCK_BASE_PATH";
-inline constexpr const ACHAR* APP_TABLES_UNIQ_DIR = L"APP_TABLES_UNIQ_DIR";
-inline constexpr const ACHAR* APP_TEMP_DIR_PATH = L"APP_TEMP_DIR_PATH";
-inline constexpr const ACHAR* USER_INTERFACE_TYPE = L"USER_INTERFACE_TYPE";
-inline constexpr const ACHAR* USER_INTERFACE_TYPE_TEMP = L"USER_INTERFACE_TYPE_TEMP";
-inline constexpr const ACHAR* BLOCK_VIEW_SIZE = L"BLOCK_VIEW_SIZE";
-// ---- keys of the drawing settings; lengths are metres on the printed sheet, angles degrees
-inline constexpr const ACHAR* DOC_SCALE_LIST = L"DOC_SCALE_LIST";
-inline constexpr const ACHAR* DOC_CURRENT_SCALE = L"DOC_CURRENT_SCALE";
-inline constexpr const ACHAR* DOC_BASEPOINTD = L"DOC_BASEPOINTD";
-inline constexpr const ACHAR* DOC_POST_ALPHA0 = L"DOC_POST_ALPHA0";
-inline constexpr const ACHAR* DOC_POST_MIN_AB = L"DOC_POST_MIN_AB";
-inline constexpr const ACHAR* DOC_POST_MIN_CD = L"DOC_POST_MIN_CD";
-inline constexpr const ACHAR* DOC_POST_OVERLAP_ERR = L"DOC_POST_OVERLAP_ERR";
-inline constexpr const ACHAR* DOC_POST_DEFAULT_TYPE = L"DOC_POST_DEFAULT_TYPE";
-inline constexpr const ACHAR* DOC_POST_DEFAULT_DWG = L"DOC_POST_DEFAULT_DWG";
-inline constexpr const ACHAR* DOC_POST_ALIEN_DWG = L"DOC_POST_ALIEN_DWG";
-inline constexpr const ACHAR* DOC_ANNO_MIN_DIST = L"DOC_ANNO_MIN_DIST";
-inline constexpr const ACHAR* DOC_ANNO_HEIGHT = L"DOC_ANNO_HEIGHT";
-inline constexpr const ACHAR* DOC_ANNO_COLOR = L"DOC_ANNO_COLOR";
-inline constexpr const ACHAR* DOC_ANNO_TYPE = L"DOC_ANNO_TYPE";
-inline constexpr const ACHAR* DOC_ANNO_LINE_COLOR = L"DOC_ANNO_LINE_COLOR";
-inline constexpr const ACHAR* DOC_ANNO_LINE_TYPE = L"DOC_ANNO_LINE_TYPE";
-inline constexpr const ACHAR* DOC_ANNO_LINE_WEIGHT = L"DOC_ANNO_LINE_WEIGHT";
-inline constexpr const ACHAR* DOC_EXISTING_TABLE_D = L"DOC_EXISTING_TABLE_D";
-inline constexpr const ACHAR* DOC_PLANNED_TABLE_D = L"DOC_PLANNED_TABLE_D";
-inline constexpr const ACHAR* DOC_EXISTING_LAMP_D = L"DOC_EXISTING_LAMP_D";
-inline constexpr const ACHAR* DOC_PLANNED_LAMP_D = L"DOC_PLANNED_LAMP_D";
-inline constexpr const ACHAR* DOC_BLOCK_DEFAULT_TYPE = L"DOC_BLOCK_DEFAULT_TYPE";
-inline constexpr const ACHAR* DOC_BLOCK_ENT_DEFAULT_TYPE = L"DOC_BLOCK_ENT_DEFAULT_TYPE";
-inline constexpr const ACHAR* DOC_USE_OTHER_COLOR_TABLES = L"DOC_USE_OTHER_COLOR_TABLES";
-inline constexpr const ACHAR* DOC_USE_GRAYSCALE_TABLES = L"DOC_USE_GRAYSCALE_TABLES";
-inline constexpr const ACHAR* DOC_USE_WHITESCALE_TABLES = L"DOC_USE_WHITESCALE_TABLES";
-inline constexpr const ACHAR* DOC_AUTO_ORDER_TABLES = L"DOC_AUTO_ORDER_TABLES";
-inline constexpr const ACHAR* DOC_CROSSWALK_DEFAULT_TYPE = L"DOC_CROSSWALK_DEFAULT_TYPE";
 
 namespace TrfcAppSettings {
 // Folder of the loaded module with its closing backslash; computed once at start by setModuleDirectory.

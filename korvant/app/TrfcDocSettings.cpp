@@ -111,35 +111,35 @@ double unitFactor(const ACHAR* unit) {
 
 } // namespace
 
-Adesk::Int32 TrfcDocSettings::getDocInt(const ACHAR* key) {
+Adesk::Int32 TrfcDocSettings::getDocInt(TrfcIntKey key) {
     return fetch<Adesk::Int32>(
         key, 0, [](const resbuf& item) { return static_cast<Adesk::Int32>(item.resval.rint); },
         // A default beyond 16 bits reads as it will be stored, so the first read and later ones agree.
         [](const ACHAR* text) { return static_cast<Adesk::Int32>(static_cast<Adesk::Int16>(acWtoi(text))); }, intItem);
 }
 
-double TrfcDocSettings::getDocDouble(const ACHAR* key) {
+double TrfcDocSettings::getDocDouble(TrfcRealKey key) {
     return fetch<double>(key, 0.0, [](const resbuf& item) { return item.resval.rreal; }, acWtof, realItem);
 }
 
-double TrfcDocSettings::getDocDoubleIn(const ACHAR* key, const ACHAR* unit) {
+double TrfcDocSettings::getDocDoubleIn(TrfcRealKey key, const ACHAR* unit) {
     return toUnits(getDocDouble(key), unit);
 }
 
-std::wstring TrfcDocSettings::getDocString(const ACHAR* key) {
+std::wstring TrfcDocSettings::getDocString(TrfcTextKey key) {
     return fetch<std::wstring>(
         key, std::wstring(), [](const resbuf& item) { return std::wstring(storedText(&item)); }, [](const ACHAR* text) { return std::wstring(text); }, textItem);
 }
 
-void TrfcDocSettings::setDocInt(const ACHAR* key, Adesk::Int32 value) {
+void TrfcDocSettings::setDocInt(TrfcIntKey key, Adesk::Int32 value) {
     store(key, intItem(value));
 }
 
-void TrfcDocSettings::setDocDouble(const ACHAR* key, double value) {
+void TrfcDocSettings::setDocDouble(TrfcRealKey key, double value) {
     store(key, realItem(value));
 }
 
-void TrfcDocSettings::setDocString(const ACHAR* key, const std::wstring& value) {
+void TrfcDocSettings::setDocString(TrfcTextKey key, const std::wstring& value) {
     store(key, textItem(value));
 }
 

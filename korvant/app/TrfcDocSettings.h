@@ -8,13 +8,13 @@
 inline constexpr const ACHAR* TRFC_DOC_DATA = L"TRFC_DOC_DATA";
 
 namespace TrfcDocSettings {
-Adesk::Int32 getDocInt(const ACHAR* key); // stored in 16 bits
-double getDocDouble(const ACHAR* key);
-double getDocDoubleIn(const ACHAR* key, const ACHAR* unit);
-std::wstring getDocString(const ACHAR* key);
-void setDocInt(const ACHAR* key, Adesk::Int32 value);
-void setDocDouble(const ACHAR* key, double value);
-void setDocString(const ACHAR* key, const std::wstring& value);
+Adesk::Int32 getDocInt(TrfcIntKey key); // stored in 16 bits
+double getDocDouble(TrfcRealKey key);
+double getDocDoubleIn(TrfcRealKey key, const ACHAR* unit);
+std::wstring getDocString(TrfcTextKey key);
+void setDocInt(TrfcIntKey key, Adesk::Int32 value);
+void setDocDouble(TrfcRealKey key, double value);
+void setDocString(TrfcTextKey key, const std::wstring& value);
 // Paper metres to drawing units ("wcs", times the current scale) or millimetres ("mm"); any other
 // unit name leaves the value as it is. fromUnits is the inverse; a current scale of 0 gives a
 // non-finite result.

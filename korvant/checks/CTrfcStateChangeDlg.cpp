@@ -9,24 +9,26 @@
 namespace {
 struct Transition {
     int box;
-    bool TrfcStateChangeData::*flag;
+    bool& (*flag)(TrfcStateChangeData& data);
 };
+#define TRFC_FLAG(FLAG) [](TrfcStateChangeData& data) -> bool& { return data.FLAG; }
 constexpr Transition kTransitions[] = {
-    {IDC_POST_TO_EXISTING, &TrfcStateChangeData::postPlannedToExisting},
-    {IDC_POST_TO_BE_REMOVED, &TrfcStateChangeData::postExistingToBeRemoved},
-    {IDC_POST_DELETE, &TrfcStateChangeData::postToBeRemovedDeleted},
-    {IDC_SIGN_TO_EXISTING, &TrfcStateChangeData::signPlannedToExisting},
-    {IDC_SIGN_TO_BE_REMOVED, &TrfcStateChangeData::signExistingToBeRemoved},
-    {IDC_SIGN_DELETE, &TrfcStateChangeData::signToBeRemovedDeleted},
-    {IDC_SIGN_COVER, &TrfcStateChangeData::signExistingToCovered},
-    {IDC_SIGN_UNCOVER, &TrfcStateChangeData::signCoveredToExisting},
-    {IDC_MARKING_TO_EXISTING, &TrfcStateChangeData::markingPlannedToExisting},
-    {IDC_MARKING_TO_BE_REMOVED, &TrfcStateChangeData::markingExistingToBeRemoved},
-    {IDC_MARKING_DELETE, &TrfcStateChangeData::markingToBeRemovedDeleted},
-    {IDC_CROSSING_TO_EXISTING, &TrfcStateChangeData::crossingPlannedToExisting},
-    {IDC_CROSSING_TO_BE_REMOVED, &TrfcStateChangeData::crossingExistingToBeRemoved},
-    {IDC_CROSSING_DELETE, &TrfcStateChangeData::crossingToBeRemovedDeleted},
+    {IDC_POST_TO_EXISTING, TRFC_FLAG(post.plannedToExisting)},
+    {IDC_POST_TO_BE_REMOVED, TRFC_FLAG(post.existingToBeRemoved)},
+    {IDC_POST_DELETE, TRFC_FLAG(post.toBeRemovedDeleted)},
+    {IDC_SIGN_TO_EXISTING, TRFC_FLAG(sign.plannedToExisting)},
+    {IDC_SIGN_TO_BE_REMOVED, TRFC_FLAG(sign.existingToBeRemoved)},
+    {IDC_SIGN_DELETE, TRFC_FLAG(sign.toBeRemovedDeleted)},
+    {IDC_SIGN_COVER, TRFC_FLAG(sign.existingToCovered)},
+    {IDC_SIGN_UNCOVER, TRFC_FLAG(sign.coveredToExisting)},
+    {IDC_MARKING_TO_EXISTING, TRFC_FLAG(marking.plannedToExisting)},
+    {IDC_MARKING_TO_BE_REMOVED, TRFC_FLAG(marking.existingToBeRemoved)},
+    {IDC_MARKING_DELETE, TRFC_FLAG(marking.toBeRemovedDeleted)},
+    {IDC_CROSSING_TO_EXISTING, TRFC_FLAG(crossing.plannedToExisting)},
+    {IDC_CROSSING_TO_BE_REMOVED, TRFC_FLAG(crossing.existingToBeRemoved)},
+    {IDC_CROSSING_DELETE, TRFC_FLAG(crossing.toBeRemovedDeleted)},
 };
+#undef TRFC_FLAG
 
 void showPicture(CWnd* button, CBitmap& picture, UINT id) {
     picture.LoadBitmap(id);
@@ -49,9 +51,9 @@ BOOL CTrfcStateChangeDlg::OnInitDialog() {
     setProductTitle(*this);
     showPicture(GetDlgItem(IDC_BUTT_ALL), mAllBoxes, IDB_BUTT_ALL);
     showPicture(GetDlgItem(IDC_BUTT_NON), mNoBoxes, IDB_BUTT_NON);
-    const TrfcStateChangeData& data = stateChangeData();
+    TrfcStateChangeData& data = stateChangeData();
     for (const Transition& transition : kTransitions)
-        CheckDlgButton(transition.box, data.*transition.flag ? BST_CHECKED : BST_UNCHECKED);
+        CheckDlgButton(transition.box, transition.flag(data) ? BST_CHECKED : BST_UNCHECKED);
     CheckRadioButton(IDC_SELECTION_ONLY, IDC_ALL_OBJECTS, data.selectionOnly ? IDC_SELECTION_ONLY : IDC_ALL_OBJECTS);
     CheckRadioButton(IDC_CONFIRM_DELETE, IDC_DELETE_UNASKED, data.confirmOnDelete ? IDC_CONFIRM_DELETE : IDC_DELETE_UNASKED);
     return TRUE;
@@ -86,7 +88,7 @@ void CTrfcStateChangeDlg::OnHelp() {
 void CTrfcStateChangeDlg::keepTicks() const {
     auto data = std::make_unique<TrfcStateChangeData>();
     for (const Transition& transition : kTransitions)
-        (*data).*transition.flag = IsDlgButtonChecked(transition.box) == BST_CHECKED;
+        transition.flag(*data) = IsDlgButtonChecked(transition.box) == BST_CHECKED;
     data->selectionOnly = IsDlgButtonChecked(IDC_SELECTION_ONLY) == BST_CHECKED;
     data->confirmOnDelete = IsDlgButtonChecked(IDC_CONFIRM_DELETE) == BST_CHECKED;
     setStateChangeData(std::move(data));

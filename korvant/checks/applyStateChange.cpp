@@ -1,9 +1,8 @@
 #include "applyStateChange.h"
 
 #include "AcEdAds.h"
-#include "TrfcBlockEnt.h"
 #include "TrfcDrawingUtils.h"
-#include "TrfcPost.h"
+#include "TrfcEntityFamily.h"
 #include "TrfcStateChangeData.h"
 
 namespace {
@@ -33,32 +32,14 @@ private:
     bool mHasSet = false; // a cancelled selection leaves none, and no object is chosen
     ads_name mSet = {};
 };
-
-template <class Object> void changeState(AcDbEntity& entity) {
-    static_cast<Object&>(entity).stateChanges();
-}
-
-// The classes that have a state, in the order of their tests. The post pair and the crossing join here; the
-// stripes of earlier crossings, which are no class of their own, are to be tested beside them.
-struct StatefulClass {
-    AcRxClass* (*desc)();
-    void (*change)(AcDbEntity& entity);
-};
-constexpr StatefulClass kStatefulClasses[] = {
-    {&TrfcPost::desc, &changeState<TrfcPost>},
-    {&TrfcBlockEnt::desc, &changeState<TrfcBlockEnt>},
-};
 } // namespace
 
 void applyStateChange() {
     const Chosen chosen(stateChangeData().selectionOnly);
     walkModelSpace(AcDb::kForWrite, [&chosen](AcDbEntity& entity) {
-        for (const StatefulClass& stateful : kStatefulClasses)
-            if (entity.isKindOf(stateful.desc())) {
-                if (chosen.has(entity))
-                    stateful.change(entity);
-                break;
-            }
+        const TrfcEntityFamily* family = familyOf(entity);
+        if (family != nullptr && chosen.has(entity))
+            family->changeState(entity);
         return true;
     });
 }

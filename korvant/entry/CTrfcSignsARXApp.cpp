@@ -5,29 +5,14 @@
 #include "AcEdAds.h"
 #include "CSelectTableDlg.h"
 #include "TrfcAppSettings.h"
-#include "TrfcBlockChain.h"
-#include "TrfcBlockEnt.h"
+#include "TrfcClasses.h"
 #include "TrfcCommands.h"
 #include "TrfcEditorReactors.h"
-#include "TrfcLamp.h"
-#include "TrfcPost.h"
 #include "TrfcScaleTracking.h"
 #include "TrfcStartup.h"
 #include "TrfcStateChangeData.h"
-#include "TrfcTable.h"
-
-#include <iterator>
 
 namespace {
-
-#define TRFC_CLASS_ROW(CLASS) {&CLASS::desc, &CLASS::rxInit}
-// In the order of registration, children before parents in places: the tree is completed afterwards.
-const AcRxClassRow kClassRows[] = {
-    TRFC_CLASS_ROW(TrfcTable),      TRFC_CLASS_ROW(TrfcBlockEnt), TRFC_CLASS_ROW(TrfcLamp),       TRFC_CLASS_ROW(TrfcPost),
-    TRFC_CLASS_ROW(TrfcBlockChain), TRFC_CLASS_ROW(TrfcBlock),    TRFC_CLASS_ROW(TrfcTypedBlock), TRFC_CLASS_ROW(TrfcScalable),
-};
-#undef TRFC_CLASS_ROW
-
 // A module that is loaded again is mapped still, and finds what its earlier life had set.
 void startAnew() {
     setStateChangeData(std::make_unique<TrfcStateChangeData>());
@@ -35,7 +20,6 @@ void startAnew() {
     crossingOnCyclePath = false;
     CSelectTableDlg::forgetLastFolder();
 }
-
 } // namespace
 
 CTrfcSignsARXApp* trfcApp() {
@@ -43,12 +27,9 @@ CTrfcSignsARXApp* trfcApp() {
     return &app;
 }
 
-std::span<const AcRxClassRow> trfcClassRows() {
-    return kClassRows;
-}
-
 AcRxTables CTrfcSignsARXApp::tables() const {
-    return {kClassRows, std::size(kClassRows), kCommandRows, kCommandCount};
+    const std::span<const AcRxClassRow> classes = trfcClassRows();
+    return {classes.data(), classes.size(), kCommandRows, kCommandCount};
 }
 
 AcRx::AppRetCode CTrfcSignsARXApp::On_kInitAppMsg(void* packet) {
@@ -59,6 +40,7 @@ AcRx::AppRetCode CTrfcSignsARXApp::On_kInitAppMsg(void* packet) {
     if (!loadSettingsAtStart() || !loadDefaultsAtStart())
         return AcRx::kRetError;
     const AcRx::AppRetCode result = AcRxArxApp::On_kInitAppMsg(packet);
+    registerTrfcFamilies();
     acedEditor()->addReactor(CEditorReactor::instance());
     acdbAddAnnotationScaleReactor(CAnnoScaleReactor::instance());
     trustedPathPending = isTrustedPathMissing();
@@ -80,7 +62,6 @@ AcRx::AppRetCode CTrfcSignsARXApp::On_kUnloadAppMsg(void*) {
     acdbRemoveAnnotationScaleReactor(CAnnoScaleReactor::instance());
     CAnnoScaleReactor::release();
     acedRegCmds()->removeGroup(kCommandGroup);
-    for (AcRxClass* type : {TrfcLamp::desc(), TrfcTable::desc(), TrfcPost::desc(), TrfcScalable::desc(), TrfcTypedBlock::desc(), TrfcBlockChain::desc(), TrfcBlock::desc()})
-        deleteAcRxClass(type);
+    removeTrfcClasses();
     return AcRx::kRetOK;
 }

@@ -3,8 +3,6 @@
 
 #include "AcRxArxApp.h"
 
-#include <span>
-
 class CTrfcSignsARXApp : public AcRxArxApp {
 public:
     // kRetError refuses the module: a settings file could not be loaded.
@@ -16,5 +14,3 @@ protected:
     AcRxTables tables() const override;
 };
 CTrfcSignsARXApp* trfcApp();
-// The custom classes in the order of their registration.
-std::span<const AcRxClassRow> trfcClassRows();

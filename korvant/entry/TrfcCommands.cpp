@@ -10,8 +10,7 @@
 #include "TrfcAppSettings.h"
 #include "showHelpTopic.h"
 #include "TrfcBlockJig.h"
-#include "TrfcPost.h"
-#include "TrfcPostDialogs.h"
+#include "TrfcEntityFamily.h"
 #include "TrfcPostJig.h"
 #include "TrfcScaleTracking.h"
 #include "applyStateChange.h"
@@ -53,13 +52,13 @@ std::wstring trustedPaths() {
     return paths;
 }
 
-// The one selected object, open for write; null when the pick-first selection is not a single object.
-AcDbObject* openSelectedObject() {
+// The one selected entity, open for write; null when the pick-first selection is not a single one.
+AcDbEntity* openSelectedEntity() {
     AcDbObjectIdArray ids;
     if (acedGetCurrentSelectionSet(ids) != Acad::eOk || ids.length() != 1)
         return nullptr;
-    AcDbObject* object = nullptr;
-    return acdbOpenObject(object, ids[0], AcDb::kForWrite) == Acad::eOk ? object : nullptr;
+    AcDbEntity* entity = nullptr;
+    return acdbOpenObject(entity, ids[0], AcDb::kForWrite) == Acad::eOk ? entity : nullptr;
 }
 
 bool isCrossingAnswer(const ACHAR* answer) {
@@ -146,24 +145,19 @@ void importDatabase() {
 }
 void openProperties() {
     beginTracking();
-    AcDbObject* object = openSelectedObject();
-    if (object == nullptr)
+    AcDbEntity* entity = openSelectedEntity();
+    if (entity == nullptr)
         return;
-    if (object->isKindOf(TrfcPost::desc())) {
-        auto* post = static_cast<TrfcPost*>(object);
-        post->editProperties(kPostPageGeneral);
-        post->recordGraphicsModified(true);
-    } else if (object->isKindOf(TrfcBlockEnt::desc())) {
-        auto* marking = static_cast<TrfcBlockEnt*>(object);
-        marking->editProperties();
-        marking->recordGraphicsModified(true);
+    if (const TrfcEntityFamily* family = familyOf(*entity)) {
+        editOnClone(*entity, family->commandPage);
+        entity->recordGraphicsModified(true);
     }
-    object->close();
+    entity->close();
 }
 void toggleStripeGrips() {
     beginTracking();
-    if (AcDbObject* object = openSelectedObject())
-        object->close(); // only a crossing has the flag
+    if (AcDbEntity* entity = openSelectedEntity())
+        entity->close(); // only a crossing has the flag
 }
 void runEarlierCrossing() {
     acedCommandS(RTSTR, L"KorvantCW", RTNONE);

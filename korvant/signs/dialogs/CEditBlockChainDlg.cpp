@@ -12,6 +12,7 @@
 #include "TrfcPost.h"
 #include "TrfcTable.h"
 #include "parseNumber.h"
+#include "plateOrder.h"
 
 BEGIN_MESSAGE_MAP(CEditBlockChainDlg, CBlockPage)
     ON_BN_CLICKED(IDC_CHAIN_UP, &CEditBlockChainDlg::OnUp)
@@ -132,37 +133,11 @@ void CEditBlockChainDlg::OnAddTable() {
 
 void CEditBlockChainDlg::addTable(const std::wstring& relativePath) {
     auto table = std::make_unique<TrfcTable>(loadBlockTemplate(TrfcAppSettings::libraryFolder(APP_TABLES_BASE_PATH), relativePath));
-    if (mChain.appendBlockUpward(table.get()) != Acad::eOk)
+    const int index = addPlate(mChain, std::move(table), relativePath);
+    if (index < 0)
         return;
-    table.release();
-    int index = mChain.upCount() - 1;
-    if (TrfcDocSettings::getDocInt(DOC_AUTO_ORDER_TABLES) != 0)
-        index = sinkToOrder(index);
-    const std::wstring& complementaryFolder = TrfcAppSettings::getAppString(APP_TABLES_COMPL_DIR);
-    if (!complementaryFolder.empty() && relativePath.find(complementaryFolder) != std::wstring::npos)
-        mChain.setComplementary(index, true);
-    pointToMainSigns();
     refreshPreview();
     select(index);
-}
-
-// A plate declared complementary points to itself until it is told its main sign. While none lies above it,
-// that must wait: it would turn into a main sign, and the one that is added next would find no plate of its own.
-void CEditBlockChainDlg::pointToMainSigns() {
-    for (int i = mChain.upCount() - 1; i >= 0; --i)
-        if (const auto* const topmost = TrfcTable::cast(mChain.getAt(i))) {
-            if (!topmost->isComplementary())
-                mChain.resetComplIndices();
-            return;
-        }
-}
-
-// Library files are named in the order of the signs on a post: the greatest name lowest.
-int CEditBlockChainDlg::sinkToOrder(int index) {
-    while (index >= 1 && acutWcscmp(mChain.getAt(index)->descriptor().blockFile, mChain.getAt(index - 1)->descriptor().blockFile) > 0)
-        if (mChain.moveDnBlock(index, &index) != Acad::eOk)
-            break;
-    return index;
 }
 
 void CEditBlockChainDlg::OnAddLamp() {
@@ -219,7 +194,7 @@ void CEditBlockChainDlg::OnComplementary() {
     if (selectedBlock() == nullptr)
         return;
     mChain.setComplementary(mSelected, IsDlgButtonChecked(IDC_COMPLEMENTARY) == BST_CHECKED);
-    pointToMainSigns();
+    pointToMainSigns(mChain);
     refreshPreview();
     showSelected();
 }

@@ -42,8 +42,6 @@ private:
     void enableControls();
     void move(Move operation);
     void addTable(const std::wstring& relativePath);
-    int sinkToOrder(int index);
-    void pointToMainSigns();
 
     TrfcBlockChain& mChain;
     TrfcPost* mPost;

@@ -5,7 +5,7 @@
 #include "CEditPostDlg.h"
 #include "Resource.h"
 #include "TrfcPost.h"
-#include "TrfcPostDialogs.h"
+#include "TrfcPostPages.h"
 
 CPostPropertiesDlg::CPostPropertiesDlg(TrfcPost& clone, int page, CWnd* parent)
     : CPropertyPagesDlg(IDD_POST_PROPERTIES, page, parent), mPost(clone) {}

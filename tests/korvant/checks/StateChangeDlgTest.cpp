@@ -17,12 +17,14 @@ constexpr int kBoxes[] = {IDC_POST_TO_EXISTING, IDC_POST_TO_BE_REMOVED, IDC_POST
                           IDC_SIGN_TO_EXISTING, IDC_SIGN_TO_BE_REMOVED, IDC_SIGN_DELETE, IDC_SIGN_COVER, IDC_SIGN_UNCOVER,
                           IDC_MARKING_TO_EXISTING, IDC_MARKING_TO_BE_REMOVED, IDC_MARKING_DELETE,
                           IDC_CROSSING_TO_EXISTING, IDC_CROSSING_TO_BE_REMOVED, IDC_CROSSING_DELETE};
-using Flag = bool TrfcStateChangeData::*;
-constexpr Flag kFlags[] = {&TrfcStateChangeData::postPlannedToExisting, &TrfcStateChangeData::postExistingToBeRemoved, &TrfcStateChangeData::postToBeRemovedDeleted,
-                           &TrfcStateChangeData::signPlannedToExisting, &TrfcStateChangeData::signExistingToBeRemoved, &TrfcStateChangeData::signToBeRemovedDeleted,
-                           &TrfcStateChangeData::signExistingToCovered, &TrfcStateChangeData::signCoveredToExisting,
-                           &TrfcStateChangeData::markingPlannedToExisting, &TrfcStateChangeData::markingExistingToBeRemoved, &TrfcStateChangeData::markingToBeRemovedDeleted,
-                           &TrfcStateChangeData::crossingPlannedToExisting, &TrfcStateChangeData::crossingExistingToBeRemoved, &TrfcStateChangeData::crossingToBeRemovedDeleted};
+using Flag = bool& (*)(TrfcStateChangeData& data);
+#define FLAG(NAME) [](TrfcStateChangeData& data) -> bool& { return data.NAME; }
+constexpr Flag kFlags[] = {FLAG(post.plannedToExisting), FLAG(post.existingToBeRemoved), FLAG(post.toBeRemovedDeleted),
+                           FLAG(sign.plannedToExisting), FLAG(sign.existingToBeRemoved), FLAG(sign.toBeRemovedDeleted),
+                           FLAG(sign.existingToCovered), FLAG(sign.coveredToExisting),
+                           FLAG(marking.plannedToExisting), FLAG(marking.existingToBeRemoved), FLAG(marking.toBeRemovedDeleted),
+                           FLAG(crossing.plannedToExisting), FLAG(crossing.existingToBeRemoved), FLAG(crossing.toBeRemovedDeleted)};
+#undef FLAG
 
 class StateChangeDlg : public testing::Test {
 protected:
@@ -95,15 +97,15 @@ TEST_F(StateChangeDlg, begins_with_nothing_ticked_all_objects_and_confirmation) 
 TEST_F(StateChangeDlg, each_box_shows_and_keeps_one_transition) {
     for (std::size_t i = 0; i < std::size(kBoxes); ++i) {
         auto data = std::make_unique<TrfcStateChangeData>();
-        (*data).*kFlags[i] = true;
+        kFlags[i](*data) = true;
         setStateChangeData(std::move(data));
         user.sees([&] { EXPECT_EQ(ticked(), Ids{kBoxes[i]}); }).does(acFormat(L"@check %d off", kBoxes[i])).does(L"@ok");
         EXPECT_EQ(run(), IDOK);
-        EXPECT_FALSE(stateChangeData().*kFlags[i]) << kBoxes[i];
+        EXPECT_FALSE(kFlags[i](stateChangeData())) << kBoxes[i];
         user.does(acFormat(L"@check %d on", kBoxes[i])).does(L"@ok");
         run();
         for (std::size_t other = 0; other < std::size(kBoxes); ++other)
-            EXPECT_EQ(stateChangeData().*kFlags[other], other == i) << kBoxes[other];
+            EXPECT_EQ(kFlags[other](stateChangeData()), other == i) << kBoxes[other];
     }
 }
 
@@ -127,7 +129,7 @@ TEST_F(StateChangeDlg, the_button_of_all_ticks_every_transition_but_covering) {
     user.does(L"@check 374 on").does(L"@click \"BUTT_ALL\"").does(L"@ok");
     run();
     for (std::size_t i = 0; i < std::size(kBoxes); ++i)
-        EXPECT_EQ(stateChangeData().*kFlags[i], kBoxes[i] != IDC_SIGN_COVER) << kBoxes[i];
+        EXPECT_EQ(kFlags[i](stateChangeData()), kBoxes[i] != IDC_SIGN_COVER) << kBoxes[i];
     EXPECT_FALSE(stateChangeData().selectionOnly) << "the options are left alone";
     EXPECT_TRUE(stateChangeData().confirmOnDelete);
 }
@@ -136,7 +138,7 @@ TEST_F(StateChangeDlg, the_button_of_none_clears_every_transition) {
     user.does(L"@click \"BUTT_ALL\"").does(L"@click \"BUTT_NON\"").does(L"@ok");
     run();
     for (const Flag flag : kFlags)
-        EXPECT_FALSE(stateChangeData().*flag);
+        EXPECT_FALSE(flag(stateChangeData()));
 }
 
 TEST_F(StateChangeDlg, a_sign_is_either_removed_or_covered) {
@@ -151,7 +153,7 @@ TEST_F(StateChangeDlg, a_cancelled_window_keeps_its_ticks_for_the_next_time) {
         setStateChangeData(std::make_unique<TrfcStateChangeData>());
         user.does(L"@check 361 on").does(L"@check \"nem kér megerősítést\" on").does(ending);
         EXPECT_EQ(run(), IDCANCEL);
-        EXPECT_TRUE(stateChangeData().postPlannedToExisting) << acToUtf8(ending);
+        EXPECT_TRUE(stateChangeData().post.plannedToExisting) << acToUtf8(ending);
         EXPECT_FALSE(stateChangeData().confirmOnDelete);
         user.sees([this] { EXPECT_EQ(ticked(), Ids{IDC_POST_TO_EXISTING}); }).does(L"@cancel");
         run();

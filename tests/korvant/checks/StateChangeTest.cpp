@@ -41,24 +41,24 @@ TEST_F(StateChange, without_a_tick_nothing_changes) {
 
 TEST_F(StateChange, each_kind_of_object_follows_its_own_column) {
     const AcDbObjectId id = addPost(kBlockPlanned, {kBlockPlanned}), marking = addMarking(kBlockEntPlanned);
-    data().postPlannedToExisting = true;
+    data().post.plannedToExisting = true;
     applyStateChange();
     EXPECT_EQ(postState(id), kBlockExisting);
     EXPECT_EQ(signStates(id), States{kBlockPlanned});
     EXPECT_EQ(markingState(marking), kBlockEntPlanned);
     data() = TrfcStateChangeData();
-    data().signPlannedToExisting = data().crossingPlannedToExisting = true;
+    data().sign.plannedToExisting = data().crossing.plannedToExisting = true;
     applyStateChange();
     EXPECT_EQ(signStates(id), States{kBlockExisting});
     EXPECT_EQ(markingState(marking), kBlockEntPlanned);
-    data().markingPlannedToExisting = true;
+    data().marking.plannedToExisting = true;
     applyStateChange();
     EXPECT_EQ(markingState(marking), kBlockEntExisting);
 }
 
 TEST_F(StateChange, an_object_moves_by_one_step_even_with_every_tick) {
-    data().postPlannedToExisting = data().postExistingToBeRemoved = data().postToBeRemovedDeleted = true;
-    data().markingPlannedToExisting = data().markingExistingToBeRemoved = data().markingToBeRemovedDeleted = true;
+    data().post.plannedToExisting = data().post.existingToBeRemoved = data().post.toBeRemovedDeleted = true;
+    data().marking.plannedToExisting = data().marking.existingToBeRemoved = data().marking.toBeRemovedDeleted = true;
     data().confirmOnDelete = false;
     const AcDbObjectId planned = addPost(kBlockPlanned), existing = addPost(kBlockExisting), removed = addPost(kBlockToBeRemoved);
     const AcDbObjectId plannedMarking = addMarking(kBlockEntPlanned), removedMarking = addMarking(kBlockEntToBeRemoved);
@@ -72,11 +72,11 @@ TEST_F(StateChange, an_object_moves_by_one_step_even_with_every_tick) {
 
 TEST_F(StateChange, signs_are_covered_and_uncovered) {
     const AcDbObjectId id = addPost(kBlockExisting, {kBlockExisting, kBlockPlanned});
-    data().signExistingToCovered = true;
+    data().sign.existingToCovered = true;
     applyStateChange();
     EXPECT_EQ(signStates(id), (States{kBlockCovered, kBlockPlanned}));
     data() = TrfcStateChangeData();
-    data().signCoveredToExisting = true;
+    data().sign.coveredToExisting = true;
     applyStateChange();
     EXPECT_EQ(signStates(id), (States{kBlockExisting, kBlockPlanned}));
 }
@@ -87,14 +87,14 @@ TEST_F(StateChange, lamps_follow_the_signs_column) {
     made->lampChain(lamp).appendBlockDownward(newLamp());
     TrfcTypedBlock::cast(made->lampChain(lamp).getAt(0))->setType(kBlockPlanned);
     const AcDbObjectId id = resident(std::move(made));
-    data().signPlannedToExisting = true;
+    data().sign.plannedToExisting = true;
     applyStateChange();
     EXPECT_EQ(TrfcTypedBlock::cast(post(id)->lampChain(lamp).getAt(0))->blockType(), kBlockExisting);
 }
 
 TEST_F(StateChange, the_signs_of_a_post_go_before_the_post_and_close_up) {
     const AcDbObjectId id = addPost(kBlockExisting, {kBlockToBeRemoved, kBlockExisting, kBlockToBeRemoved});
-    data().signToBeRemovedDeleted = true;
+    data().sign.toBeRemovedDeleted = true;
     data().confirmOnDelete = false;
     applyStateChange();
     EXPECT_EQ(signStates(id), States{kBlockExisting});
@@ -103,7 +103,7 @@ TEST_F(StateChange, the_signs_of_a_post_go_before_the_post_and_close_up) {
 
 TEST_F(StateChange, each_deletion_asks_where_confirmation_is_on) {
     const AcDbObjectId id = addPost(kBlockToBeRemoved, {kBlockToBeRemoved}), marking = addMarking(kBlockEntToBeRemoved);
-    data().signToBeRemovedDeleted = data().postToBeRemovedDeleted = data().markingToBeRemovedDeleted = true;
+    data().sign.toBeRemovedDeleted = data().post.toBeRemovedDeleted = data().marking.toBeRemovedDeleted = true;
     DialogUser user;
     user.does(L"@cancel").sees([&] { EXPECT_TRUE(post(id).object() == nullptr) << "the post is in hand"; }).does(L"@cancel").does(L"@cancel");
     applyStateChange();
@@ -122,7 +122,7 @@ TEST_F(StateChange, each_deletion_asks_where_confirmation_is_on) {
 
 TEST_F(StateChange, foreign_objects_are_left_alone) {
     const AcDbObjectId line = addEntity(new AcDbLine(AcGePoint3d(), AcGePoint3d(1, 1, 0)));
-    data().postToBeRemovedDeleted = data().markingToBeRemovedDeleted = data().crossingToBeRemovedDeleted = true;
+    data().post.toBeRemovedDeleted = data().marking.toBeRemovedDeleted = data().crossing.toBeRemovedDeleted = true;
     data().confirmOnDelete = false;
     applyStateChange();
     EXPECT_FALSE(line.isErased());
@@ -130,7 +130,7 @@ TEST_F(StateChange, foreign_objects_are_left_alone) {
 
 TEST_F(StateChange, an_object_in_use_is_passed_by_without_a_word) {
     const AcDbObjectId inUse = addPost(kBlockPlanned), free = addPost(kBlockPlanned);
-    data().postPlannedToExisting = true;
+    data().post.plannedToExisting = true;
     {
         const AcDbObjectPointer<TrfcPost> reader(inUse);
         applyStateChange();
@@ -142,7 +142,7 @@ TEST_F(StateChange, an_object_in_use_is_passed_by_without_a_word) {
 
 TEST_F(StateChange, a_selection_that_was_cancelled_changes_nothing) {
     const AcDbObjectId id = addPost(kBlockPlanned);
-    data().postPlannedToExisting = data().selectionOnly = true;
+    data().post.plannedToExisting = data().selectionOnly = true;
     applyStateChange(); // nobody answers the prompt
     EXPECT_EQ(postState(id), kBlockPlanned);
 }

@@ -10,12 +10,6 @@ namespace {
 class BlockPage : public PostDialog {
 protected:
     BlockPage() {
-        static const bool registered = [] {
-            TrfcBlockEnt::rxInit();
-            acrxBuildClassHierarchy();
-            return true;
-        }();
-        EXPECT_TRUE(registered);
         library.add(L"Burkolat\\Nyilak\\Egyenes.dwg", "box 0.5 5\nattdef HOSSZ 5\n");
         library.add(L"Burkolat\\Nyilak\\attributes.xml",
                     "<AttributeList><Attribute><Name>Kivitel</Name><DefaultValue>A</DefaultValue><ValueList>A;B</ValueList></Attribute></AttributeList>");

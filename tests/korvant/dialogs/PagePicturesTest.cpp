@@ -63,8 +63,6 @@ TEST_F(PagePictures, the_choice_of_a_block) {
 
 TEST_F(PagePictures, the_page_of_a_road_marking) {
     library.add(L"Burkolat\\Nyilak\\Egyenes.dwg", "box 0.5 5\nattdef HOSSZ 5\n");
-    TrfcBlockEnt::rxInit();
-    acrxBuildClassHierarchy();
     TrfcBlockEnt marking(loadBlockTemplate(TrfcAppSettings::getAppString(APP_BLOCK_BASE_PATH), L"Nyilak\\Egyenes.dwg"));
     looksAt(user, "144-marking");
     user.does(L"@ok");

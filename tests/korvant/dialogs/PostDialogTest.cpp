@@ -3,6 +3,7 @@
 #include "AcDbDatabase.h"
 #include "CTreeCtrl.h"
 #include "TestSupport.h"
+#include "TrfcClasses.h"
 #include "TrfcDocSettings.h"
 #include "TrfcLamp.h"
 
@@ -14,14 +15,7 @@ void registerClasses() {
     if (done)
         return;
     done = true;
-    TrfcScalable::rxInit();
-    TrfcBlock::rxInit();
-    TrfcTypedBlock::rxInit();
-    TrfcTable::rxInit();
-    TrfcLamp::rxInit();
-    TrfcBlockChain::rxInit();
-    TrfcPost::rxInit();
-    acrxBuildClassHierarchy();
+    registerTrfcClasses();
 }
 
 std::wstring titleOf(const std::wstring& blockFile) {
@@ -72,7 +66,7 @@ void PostDialog::makeSettings() {
     setDocDefault(DOC_ANNO_MIN_DIST, L"0.02");
     setDocDefault(DOC_ANNO_TYPE, L"Standard");
     setDocDefault(DOC_ANNO_LINE_TYPE, L"ByLayer");
-    for (const ACHAR* const size : {DOC_EXISTING_TABLE_D, DOC_PLANNED_TABLE_D, DOC_EXISTING_LAMP_D, DOC_PLANNED_LAMP_D})
+    for (const TrfcRealKey size : {DOC_EXISTING_TABLE_D, DOC_PLANNED_TABLE_D, DOC_EXISTING_LAMP_D, DOC_PLANNED_LAMP_D})
         setDocDefault(size, L"0.006");
     setDocDefault(DOC_AUTO_ORDER_TABLES, L"1");
 }

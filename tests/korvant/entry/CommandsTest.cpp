@@ -4,7 +4,7 @@
 #include "AcDbDatabase.h"
 #include "AcEdAds.h"
 #include "AcEdCommandStack.h"
-#include "CTrfcSignsARXApp.h"
+#include "TrfcClasses.h"
 #include "TestSupport.h"
 #include "TrfcAppSettings.h"
 #include "TrfcScaleTracking.h"

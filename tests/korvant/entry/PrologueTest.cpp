@@ -6,6 +6,7 @@
 #include "AcEdAds.h"
 #include "AfxDialogDriver.h"
 #include "CTrfcSignsARXApp.h"
+#include "TrfcClasses.h"
 #include "DialogUser.h"
 #include "TestSupport.h"
 #include "TrfcAppSettings.h"

@@ -6,6 +6,7 @@
 #include "CListCtrl.h"
 #include "CScaleComparisonDialog.h"
 #include "CTrfcSignsARXApp.h"
+#include "TrfcClasses.h"
 #include "DbDatabaseData.h"
 #include "DialogUser.h"
 #include "DwgCodec.h"
@@ -362,9 +363,7 @@ namespace {
 class TrackedPosts : public OddScale {
 protected:
     TrackedPosts() {
-        for (const AcRxClassRow& row : trfcClassRows())
-            row.rxInit();
-        acrxBuildClassHierarchy();
+        registerTrfcClasses();
         TrfcAppSettings::setDocDefault(DOC_POST_MIN_AB, L"0.01");
         TrfcAppSettings::setDocDefault(DOC_POST_MIN_CD, L"0.005");
         TrfcAppSettings::setDocDefault(DOC_POST_ALPHA0, L"45");

@@ -1,5 +1,6 @@
 // What the host still holds of the module when it is unloaded: it must not be told to call what is gone.
 #include "CTrfcSignsARXApp.h"
+#include "TrfcClasses.h"
 
 #include "AcDbAnnotationScale.h"
 #include "DbScaleList.h"

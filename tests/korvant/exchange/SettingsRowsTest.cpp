@@ -39,25 +39,25 @@ TEST_F(SettingsRows, are_literal_statements_in_a_fixed_order) {
 
 TEST_F(SettingsRows, show_each_key_of_the_drawing_in_its_own_row) {
     // Each key gets a value of its own, so that no two rows can be mixed up.
-    const ACHAR* const reals[] = {DOC_BASEPOINTD, DOC_POST_ALPHA0, DOC_POST_MIN_AB, DOC_POST_MIN_CD, DOC_POST_OVERLAP_ERR, DOC_ANNO_MIN_DIST, DOC_ANNO_HEIGHT,
+    const TrfcRealKey reals[] = {DOC_BASEPOINTD, DOC_POST_ALPHA0, DOC_POST_MIN_AB, DOC_POST_MIN_CD, DOC_POST_OVERLAP_ERR, DOC_ANNO_MIN_DIST, DOC_ANNO_HEIGHT,
                                   DOC_EXISTING_TABLE_D, DOC_PLANNED_TABLE_D, DOC_EXISTING_LAMP_D, DOC_PLANNED_LAMP_D};
-    const ACHAR* const integers[] = {DOC_CURRENT_SCALE, DOC_POST_DEFAULT_TYPE, DOC_CROSSWALK_DEFAULT_TYPE, DOC_ANNO_COLOR, DOC_ANNO_LINE_COLOR, DOC_ANNO_LINE_WEIGHT,
+    const TrfcIntKey integers[] = {DOC_CURRENT_SCALE, DOC_POST_DEFAULT_TYPE, DOC_CROSSWALK_DEFAULT_TYPE, DOC_ANNO_COLOR, DOC_ANNO_LINE_COLOR, DOC_ANNO_LINE_WEIGHT,
                                      DOC_BLOCK_DEFAULT_TYPE, DOC_BLOCK_ENT_DEFAULT_TYPE, DOC_USE_OTHER_COLOR_TABLES, DOC_USE_GRAYSCALE_TABLES,
                                      DOC_USE_WHITESCALE_TABLES, DOC_AUTO_ORDER_TABLES};
-    const ACHAR* const texts[] = {DOC_SCALE_LIST, DOC_POST_DEFAULT_DWG, DOC_POST_ALIEN_DWG, DOC_ANNO_TYPE, DOC_ANNO_LINE_TYPE};
+    const TrfcTextKey texts[] = {DOC_SCALE_LIST, DOC_POST_DEFAULT_DWG, DOC_POST_ALIEN_DWG, DOC_ANNO_TYPE, DOC_ANNO_LINE_TYPE};
     int value = 100;
     std::vector<std::pair<std::wstring, std::wstring>> wanted; // key without DOC_, value
-    for (const ACHAR* key : reals) {
+    for (const TrfcRealKey key : reals) {
         TrfcDocSettings::setDocDouble(key, ++value);
-        wanted.emplace_back(key + 4, acFormat(L"%d.000000", value));
+        wanted.emplace_back(key.name + 4, acFormat(L"%d.000000", value));
     }
-    for (const ACHAR* key : integers) {
+    for (const TrfcIntKey key : integers) {
         TrfcDocSettings::setDocInt(key, ++value);
-        wanted.emplace_back(key + 4, acFormat(L"%d", value));
+        wanted.emplace_back(key.name + 4, acFormat(L"%d", value));
     }
-    for (const ACHAR* key : texts) {
+    for (const TrfcTextKey key : texts) {
         TrfcDocSettings::setDocString(key, acFormat(L"t%d", ++value));
-        wanted.emplace_back(key + 4, acFormat(L"t%d", value));
+        wanted.emplace_back(key.name + 4, acFormat(L"t%d", value));
     }
     const std::string rows = all();
     for (const auto& [name, shown] : wanted)

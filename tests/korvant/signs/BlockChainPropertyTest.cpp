@@ -137,10 +137,10 @@ private:
     void changeStates() {
         TrfcStateChangeData& change = stateChangeData();
         change.confirmOnDelete = false;
-        for (bool* const tick : {&change.signPlannedToExisting, &change.signExistingToBeRemoved, &change.signToBeRemovedDeleted,
-                                 &change.signExistingToCovered, &change.signCoveredToExisting})
+        for (bool* const tick : {&change.sign.plannedToExisting, &change.sign.existingToBeRemoved, &change.sign.toBeRemovedDeleted,
+                                 &change.sign.existingToCovered, &change.sign.coveredToExisting})
             *tick = *rc::gen::arbitrary<bool>();
-        std::erase_if(mPlates, [&](const auto& plate) { return change.signToBeRemovedDeleted && plate.second.state == kBlockToBeRemoved; });
+        std::erase_if(mPlates, [&](const auto& plate) { return change.sign.toBeRemovedDeleted && plate.second.state == kBlockToBeRemoved; });
         for (auto& [file, plate] : mPlates)
             plate.state = nextState(plate.state, change);
         std::vector<std::wstring> staying = files();
@@ -160,11 +160,11 @@ private:
     }
     static TRFC_BLOCK_TYPE nextState(TRFC_BLOCK_TYPE state, const TrfcStateChangeData& change) {
         switch (state) {
-        case kBlockPlanned: return change.signPlannedToExisting ? kBlockExisting : state;
+        case kBlockPlanned: return change.sign.plannedToExisting ? kBlockExisting : state;
         case kBlockExisting:
-            return change.signExistingToCovered ? kBlockCovered : change.signExistingToBeRemoved ? kBlockToBeRemoved : state;
+            return change.sign.existingToCovered ? kBlockCovered : change.sign.existingToBeRemoved ? kBlockToBeRemoved : state;
         case kBlockToBeRemoved: return state;
-        case kBlockCovered: return change.signCoveredToExisting ? kBlockExisting : state;
+        case kBlockCovered: return change.sign.coveredToExisting ? kBlockExisting : state;
         }
         return state;
     }

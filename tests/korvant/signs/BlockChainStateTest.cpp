@@ -36,7 +36,7 @@ TEST_F(BlockChainState, without_a_tick_nothing_changes) {
 
 TEST_F(BlockChainState, each_sign_moves_on_by_one_step) {
     TrfcStateChangeData& change = stateChangeData();
-    change.signPlannedToExisting = change.signExistingToBeRemoved = change.signToBeRemovedDeleted = change.signCoveredToExisting = true;
+    change.sign.plannedToExisting = change.sign.existingToBeRemoved = change.sign.toBeRemovedDeleted = change.sign.coveredToExisting = true;
     change.confirmOnDelete = false;
     for (const TRFC_BLOCK_TYPE type : {kBlockExisting, kBlockPlanned, kBlockToBeRemoved, kBlockCovered})
         add(type);
@@ -46,14 +46,14 @@ TEST_F(BlockChainState, each_sign_moves_on_by_one_step) {
 }
 
 TEST_F(BlockChainState, to_be_removed_and_covered_both_ticked_ends_covered) {
-    stateChangeData().signExistingToBeRemoved = stateChangeData().signExistingToCovered = true;
+    stateChangeData().sign.existingToBeRemoved = stateChangeData().sign.existingToCovered = true;
     add(kBlockExisting);
     chain.stateChanges();
     EXPECT_EQ(types(), Types{3});
 }
 
 TEST_F(BlockChainState, a_changed_size_closes_the_lists_up) {
-    stateChangeData().signPlannedToExisting = true;
+    stateChangeData().sign.plannedToExisting = true;
     add(kBlockPlanned);
     add(kBlockPlanned);
     add(kBlockPlanned, true);
@@ -65,7 +65,7 @@ TEST_F(BlockChainState, a_changed_size_closes_the_lists_up) {
 }
 
 TEST_F(BlockChainState, deletions_in_both_lists_hit_the_signs_that_were_marked) {
-    stateChangeData().signToBeRemovedDeleted = true;
+    stateChangeData().sign.toBeRemovedDeleted = true;
     stateChangeData().confirmOnDelete = false;
     for (const bool down : {false, true})
         for (const TRFC_BLOCK_TYPE type : {kBlockToBeRemoved, kBlockPlanned, kBlockToBeRemoved})
@@ -77,14 +77,14 @@ TEST_F(BlockChainState, deletions_in_both_lists_hit_the_signs_that_were_marked) 
 }
 
 TEST_F(BlockChainState, blocks_without_a_state_are_passed_by) {
-    stateChangeData().signExistingToBeRemoved = true;
+    stateChangeData().sign.existingToBeRemoved = true;
     chain.appendBlockUpward(new TrfcBlock(plate(L"plain"), {}, 0.0, 1.0));
     chain.stateChanges();
     EXPECT_EQ(chain.size(), 1);
 }
 
 TEST_F(BlockChainState, a_deletion_is_confirmed_sign_by_sign) {
-    stateChangeData().signToBeRemovedDeleted = true;
+    stateChangeData().sign.toBeRemovedDeleted = true;
     add(kBlockToBeRemoved);
     add(kBlockToBeRemoved);
     DialogUser user;

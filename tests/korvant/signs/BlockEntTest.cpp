@@ -110,7 +110,7 @@ TEST_F(BlockEnt, only_a_planned_marking_shows_its_fill) {
 }
 
 TEST_F(BlockEnt, a_state_change_to_existing_keeps_the_size_and_loses_the_fill) {
-    stateChangeData().markingPlannedToExisting = stateChangeData().markingExistingToBeRemoved = true;
+    stateChangeData().marking.plannedToExisting = stateChangeData().marking.existingToBeRemoved = true;
     TrfcBlockEnt marking(filledBox(), 2.0);
     marking.setType(kBlockEntPlanned);
     marking.stateChanges();
@@ -123,7 +123,7 @@ TEST_F(BlockEnt, a_state_change_to_existing_keeps_the_size_and_loses_the_fill) {
 }
 
 TEST_F(BlockEnt, a_marking_to_be_removed_is_erased_when_its_question_is_answered_with_OK) {
-    stateChangeData().markingToBeRemovedDeleted = true;
+    stateChangeData().marking.toBeRemovedDeleted = true;
     auto made = std::make_unique<TrfcBlockEnt>(box(1.0, 1.0));
     made->setType(kBlockEntToBeRemoved);
     const AcDbObjectId id = resident(std::move(made));

@@ -2,7 +2,7 @@
 #include "SignsFixture.h"
 
 #include "TrfcBlockEnt.h"
-#include "TrfcFieldFiler.h"
+#include "TrfcFields.h"
 
 namespace {
 class Block : public SignsFixture {

@@ -1,7 +1,7 @@
 // The grips of a post: where they stand, what drags and clicks do.
 #include "SignsFixture.h"
 
-#include "TrfcPostDialogs.h"
+#include "TrfcPostPages.h"
 
 #include <map>
 

@@ -424,7 +424,7 @@ TEST_F(Post, its_extents_reach_from_A_to_D_even_without_a_foot) {
 
 TEST_F(Post, moves_on_by_one_step_and_takes_signs_and_lamps_along) {
     TrfcStateChangeData& change = stateChangeData();
-    change.postPlannedToExisting = change.postExistingToBeRemoved = change.signExistingToBeRemoved = true;
+    change.post.plannedToExisting = change.post.existingToBeRemoved = change.sign.existingToBeRemoved = true;
     auto post = newPost(1);
     post->addLampChain({5.0, 0.0, 0.0});
     post->lampChain(0).appendBlockDownward(newLamp());
@@ -439,7 +439,7 @@ TEST_F(Post, moves_on_by_one_step_and_takes_signs_and_lamps_along) {
 }
 
 TEST_F(Post, is_erased_at_once_without_confirmation) {
-    stateChangeData().postToBeRemovedDeleted = true;
+    stateChangeData().post.toBeRemovedDeleted = true;
     stateChangeData().confirmOnDelete = false;
     auto made = newPost();
     made->setPostType(2);
@@ -452,7 +452,7 @@ TEST_F(Post, is_erased_at_once_without_confirmation) {
 }
 
 TEST_F(Post, is_erased_only_when_the_question_is_answered_with_OK) {
-    stateChangeData().postToBeRemovedDeleted = true;
+    stateChangeData().post.toBeRemovedDeleted = true;
     auto made = newPost();
     made->setPostType(2);
     const AcDbObjectId id = resident(std::move(made));
@@ -484,7 +484,7 @@ void takeZoom() {
 } // namespace
 
 TEST_F(Post, the_view_goes_to_what_a_question_is_about) {
-    stateChangeData().postToBeRemovedDeleted = stateChangeData().signToBeRemovedDeleted = true;
+    stateChangeData().post.toBeRemovedDeleted = stateChangeData().sign.toBeRemovedDeleted = true;
     zoomCorners().clear();
     ASSERT_EQ(acedRegCmds()->addCommand(L"TEST", L"ZOOM", L"ZOOM", 0, takeZoom), Acad::eOk);
     auto post = newPost(1);

@@ -1,7 +1,7 @@
 // The change of scale: live fields, parked records, their filing.
 #include "SignsFixture.h"
 
-#include "TrfcFieldFiler.h"
+#include "TrfcFields.h"
 
 namespace {
 

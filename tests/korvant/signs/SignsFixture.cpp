@@ -1,10 +1,13 @@
 #include "SignsFixture.h"
 
+#include "TrfcClasses.h"
+#include "TrfcSignFamilies.h"
+
 #include "AcGiReceivers.h"
 #include "TestSupport.h"
 #include "TrfcBlockEnt.h"
 #include "TrfcDocSettings.h"
-#include "TrfcPostDialogs.h"
+#include "TrfcPostPages.h"
 #include "TrfcStateChangeData.h"
 
 #include <cstdlib>
@@ -14,24 +17,29 @@ DialogAnswers& dialogAnswers() {
     static DialogAnswers answers;
     return answers;
 }
-bool editPostProperties(TrfcPost& clone, int page) {
-    return dialogAnswers().post && dialogAnswers().post(clone, page);
-}
-bool editBlockEntProperties(TrfcBlockEnt& clone) {
-    return dialogAnswers().blockEnt && dialogAnswers().blockEnt(clone);
-}
 
 // ---- fixture --------------------------------------------------------------------------------------
 namespace {
+// The family with a dialog that the test answers.
+TrfcEntityFamily answering(TrfcEntityFamily family, bool (*edit)(AcDbEntity&, int)) {
+    family.edit = edit;
+    return family;
+}
+
 void registerClasses() {
     static bool done = false;
     if (done)
         return;
     done = true;
-    for (void (*init)() : {TrfcScalable::rxInit, TrfcPost::rxInit, TrfcBlock::rxInit, TrfcTypedBlock::rxInit, TrfcTable::rxInit, TrfcLamp::rxInit,
-                           TrfcBlockEnt::rxInit, TrfcBlockChain::rxInit})
-        init();
-    acrxBuildClassHierarchy();
+    registerTrfcClasses();
+    static const TrfcEntityFamily kPost = answering(kPostFamily, [](AcDbEntity& clone, int page) {
+        return dialogAnswers().post && dialogAnswers().post(static_cast<TrfcPost&>(clone), page);
+    });
+    static const TrfcEntityFamily kMarking = answering(kMarkingFamily, [](AcDbEntity& clone, int) {
+        return dialogAnswers().blockEnt && dialogAnswers().blockEnt(static_cast<TrfcBlockEnt&>(clone));
+    });
+    registerEntityFamily(TrfcPost::desc(), &kPost);
+    registerEntityFamily(TrfcBlockEnt::desc(), &kMarking);
 }
 } // namespace
 
@@ -83,11 +91,11 @@ void SignsFixture::makeLibrary() {
     library.add(L"Oszlop\\Error.dwg", "disk 0.3\n");
 }
 
-void SignsFixture::set(const ACHAR* key, const ACHAR* value) const {
-    if (std::wstring(value).find(L'.') != std::wstring::npos)
-        TrfcDocSettings::setDocDouble(key, acWtof(value));
-    else
-        TrfcDocSettings::setDocInt(key, acWtoi(value));
+void SignsFixture::set(TrfcRealKey key, const ACHAR* value) const {
+    TrfcDocSettings::setDocDouble(key, acWtof(value));
+}
+void SignsFixture::set(TrfcIntKey key, const ACHAR* value) const {
+    TrfcDocSettings::setDocInt(key, acWtoi(value));
 }
 
 void SignsFixture::setScale(int denominator) const {

@@ -34,7 +34,8 @@ protected:
     ~SignsFixture() override;
 
     AcDbDatabase& database() { return *mDatabase; }
-    void set(const ACHAR* key, const ACHAR* value) const; // of the drawing's settings, by their text
+    void set(TrfcRealKey key, const ACHAR* value) const; // of the drawing's settings, by their text
+    void set(TrfcIntKey key, const ACHAR* value) const;
     void setScale(int denominator) const;
 
     // A definition of its own, filled with the entities given.

@@ -2,10 +2,10 @@
 #include "DwgCodec.h"
 #include "TestSupport.h"
 #include "TrfcBlockEnt.h"
+#include "TrfcClasses.h"
 #include "TrfcDocSettings.h"
 #include "TrfcLamp.h"
 #include "TrfcPost.h"
-#include "TrfcPostDialogs.h"
 #include "TrfcTable.h"
 
 #include "AcDbDatabase.h"
@@ -15,14 +15,6 @@
 #include <rapidcheck/gtest.h>
 
 #include <memory>
-
-// No dialog opens here.
-bool editPostProperties(TrfcPost&, int) {
-    return false;
-}
-bool editBlockEntProperties(TrfcBlockEnt&) {
-    return false;
-}
 
 namespace {
 
@@ -48,10 +40,7 @@ class PostRoundTrip : public testing::Test {
 protected:
     PostRoundTrip() {
         static const bool registered = [] {
-            for (void (*init)() : {TrfcScalable::rxInit, TrfcPost::rxInit, TrfcBlock::rxInit, TrfcTypedBlock::rxInit, TrfcTable::rxInit, TrfcLamp::rxInit,
-                                   TrfcBlockEnt::rxInit, TrfcBlockChain::rxInit})
-                init();
-            acrxBuildClassHierarchy();
+            registerTrfcClasses();
             return true;
         }();
         EXPECT_TRUE(registered);
