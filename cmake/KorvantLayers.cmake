@@ -96,7 +96,8 @@ function(korvant_test name)
   else()
     korvant_reuse_headers(${name} test)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST WORKING_DIRECTORY ${CMAKE_BINARY_DIR} PROPERTIES TIMEOUT 120)
+  # The bound is there for a test that hangs, not for a busy machine.
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST WORKING_DIRECTORY ${CMAKE_BINARY_DIR} PROPERTIES TIMEOUT 600)
 endfunction()
 
 # korvant_embed_text(TARGET FILE SYMBOL): the file's bytes become `const char* const SYMBOL`
